@@ -1,0 +1,58 @@
+#include "browser/replace_form.h"
+#include "browser/vanished_row.h"
+#include "platform/messages.h"
+#include "store/sql.h"
+
+namespace ta_vorlumine {
+namespace {
+
+constexpr int left_button = 1;
+
+/// True if a node from `target` up to the root, without it, bears the text of `source`. The texts
+/// are compared, not the nodes: a folder is also kept from below another one of its name.
+bool lies_below_namesake(const Node& source, const Node& target) {
+  for (Node above = target.parent(); !above.parent().is_empty(); above = above.parent()) {
+    if (above.Text() == source.Text()) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void replaceForm::move_title_node(const Node& source, const Node& target) {
+  if (target.Tag() != "0" || source.Key() == "0") return;
+  if (target.Key() != "0" && lies_below_namesake(source, target)) {
+    return platform::message("この場所への移動はできません");
+  }
+  require_title_row(source.Key());
+  if (target.Key() != "0") require_title_row(target.Key());
+  conn.Execute(ADODB::sql("UPDATE REPLACE SET P_REPLACE_NO = <p_val> WHERE REPLACE_NO = <val>",
+                          {target.Key(), source.Key()}));
+  source.parent(target);
+}
+
+void replaceForm::press_on_tree(int x, int y) {
+  drag_source_node = SSTree1.HitTest(x, y);
+  if (!drag_source_node.is_empty()) SSTree1.SelectedItem(drag_source_node);
+}
+
+void replaceForm::move_on_tree(int buttons) {
+  if (drag_source_node.is_empty() || buttons != left_button) return;
+  drag_running = true;
+  SSTree1.Drag(SSTree1.SelectedItem());
+  drag_running = false;
+}
+
+void replaceForm::drag_over_tree(int x, int y) {
+  if (drag_running) SSTree1.DropHighlight(SSTree1.HitTest(x, y));
+}
+
+void replaceForm::drop_on_tree() {
+  const Node target = SSTree1.DropHighlight();
+  SSTree1.DropHighlight(Node());
+  drag_running = false;
+  if (target.is_empty()) return;
+  if (drag_source_node.Text() != target.Text()) move_title_node(drag_source_node, target);
+}
+
+}  // namespace ta_vorlumine

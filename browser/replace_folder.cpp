@@ -1,0 +1,69 @@
+#include "browser/replace_folder.h"
+
+#include "browser/new_keys.h"
+#include "browser/replace_form.h"
+#include "browser/vanished_row.h"
+#include "platform/messages.h"
+#include "store/sql.h"
+
+namespace ta_vorlumine {
+
+using ADODB::sql;
+using platform::form;
+
+replaceFolder::replaceFolder()
+    : Text1(window, "Text1"),
+      Label1(window, "Label1", "フォルダ名", &Text1),
+      Command2(window, "Command2", "OK", platform::CommandButton::role::standard),
+      Command3(window, "Command3", "ｷｬﾝｾﾙ") {
+  window.body = platform::column(
+      {platform::fields({platform::row({Label1, Text1})}), platform::stretch(),
+       platform::row({platform::stretch(), Command2, Command3})});
+  window.on_load = [this] { load(); };
+  Command2.on_click = [this] { ok(); };
+  Command3.on_click = [this] { window.unload(); };
+}
+
+void replaceFolder::load() {
+  if (form<replaceForm>().basAU == "2") Text1.set_text(form<replaceForm>().tmpNode.Text());
+}
+
+void replaceFolder::ok() {
+  const std::string name = Text1.text();
+  if (name.empty()) {
+    platform::message("フォルダが必須です。");
+    return Text1.set_focus();
+  }
+  if (platform::character_count(name) > 100) {
+    return platform::message("タイトルが文字列長すぎます");
+  }
+  if (form<replaceForm>().basAU == "1") add_folder(name);
+  if (form<replaceForm>().basAU == "2") rename_folder(name);
+  window.unload();
+}
+
+void replaceFolder::add_folder(const std::string& name) {
+  auto& browser = form<replaceForm>();
+  if (browser.basNodeKey != "0") require_title_row(browser.basNodeKey);
+  const std::int16_t key = insert_with_new_key(browser, "replace", [&](std::int16_t number) {
+    browser.conn.Execute(
+        sql("INSERT INTO replace(replace_no,p_replace_no,kind,title,replace_m_no) "
+            "VALUES( <new key>,<basNodeKey> ,'F','<name>',0)",
+            {number, browser.basNodeKey, name}));
+  });
+  browser.atNode =
+      browser.SSTree1.Nodes.AddChild(browser.basNodeKey, std::to_string(key), name, "0");
+  browser.show_as_folder(browser.atNode);
+  browser.atNode.parent().Expanded(true);
+  browser.update_seqno("replace");
+}
+
+void replaceFolder::rename_folder(const std::string& name) {
+  auto& browser = form<replaceForm>();
+  require_title_row(browser.basNodeKey);
+  browser.SSTree1.Nodes.Item(browser.basNodeKey).Text(name);
+  browser.conn.Execute(sql("UPDATE replace SET title='<name>' where replace_no= <basNodeKey>",
+                           {name, browser.basNodeKey}));
+}
+
+}  // namespace ta_vorlumine

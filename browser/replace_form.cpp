@@ -1,0 +1,50 @@
+#include "browser/replace_form.h"
+
+#include "browser/tree_keys.h"
+
+namespace ta_vorlumine {
+
+using platform::Toolbar;
+
+replaceForm::replaceForm()
+    : imToolbar{{"addf", "tb_addf"}, {"updatef", "tb_updatef"}, {"delf", "tb_delf"},
+                {"add", "tb_add"},   {"update", "tb_update"},   {"copy", "tb_copy"},
+                {"del", "tb_del"},   {"close", "tb_close"}},
+      ImageList1{{"root", "root"},   {"open", "open"},   {"close", "close"}, {"cond", "cond"},
+                 {"cond1", "cond1"}, {"cond2", "cond2"}, {"cond3", "cond3"}},
+      Toolbar1(window, "Toolbar1", imToolbar,
+               {{"addf", "作成", "フォルダの作成"},
+                {"updatef", "修正", "フォルダの修正"},
+                {"delf", "削除", "フォルダの削除"},
+                Toolbar::separator(),
+                {"add", "追加", "置換定義の追加"},
+                {"update", "修正", "置換定義の修正"},
+                {"copy", "複写", "置換定義の複写"},
+                {"del", "削除", "置換定義の削除"},
+                Toolbar::separator(),
+                {"close", "閉じる", "一覧を閉じる"}}),
+      SSTree1(window, "SSTree1", "置換タイトル一覧"),
+      Label1(window, "Label1") {
+  window.body = platform::column({Toolbar1, SSTree1, Label1});
+  window.on_load = [this] { init_form(); };
+  window.on_key_down = [this](int& code, int shift) {
+    if (window.active_control() == SSTree1.name()) swallow_clipboard_keys(code, shift);
+  };
+  window.on_failure = [this] {
+    Init_ToolBar();
+    init_form();
+  };
+  Toolbar1.on_button_click = [this](const std::string& key, int) { press(key); };
+  SSTree1.on_node_click = [this](const Node& node) { select_node(node); };
+  SSTree1.on_node_open = [this](const Node& node) {
+    if (node.Tag() == "0") return;
+    select_node(node);
+    press("update");
+  };
+  SSTree1.on_mouse_down = [this](int, int, int x, int y) { press_on_tree(x, y); };
+  SSTree1.on_mouse_move = [this](int buttons, int, int, int) { move_on_tree(buttons); };
+  SSTree1.on_drag_over = [this](int x, int y) { drag_over_tree(x, y); };
+  SSTree1.on_drop = [this] { drop_on_tree(); };
+}
+
+}  // namespace ta_vorlumine

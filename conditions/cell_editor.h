@@ -1,0 +1,41 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+class QKeyEvent;
+class QLineEdit;
+class QWidget;
+
+namespace ta_vorlumine {
+
+/// The text editor of a grid's cells, hidden while none is in edit. Its widget belongs to `parent`.
+class cell_editor {
+ public:
+  explicit cell_editor(QWidget& parent);
+
+  /// Sees each key before the editor; true if it has dealt with it.
+  std::function<bool(QKeyEvent&)> on_key;
+
+  /// Puts `text` (UTF-8) into the editor, with the cursor behind it. `limit`: the most characters
+  /// (code points) it then takes, 0 for any number. A text that is longer already stays whole, but
+  /// cannot grow. Line breaks and tabs never enter.
+  void start(std::string_view text, int limit);
+  [[nodiscard]] std::string text() const;
+  void set_text(std::string_view text);
+  /// Takes what an input method has half composed into the text.
+  void finish_composition();
+
+  [[nodiscard]] QLineEdit& line() const { return *line_; }
+
+ private:
+  class limited_text;
+  class composed_line;
+
+  limited_text* limited_;
+  QLineEdit* line_;
+  std::string half_composed_;
+};
+
+}  // namespace ta_vorlumine

@@ -1,0 +1,123 @@
+#include "conditions/condition_dialog.h"
+
+#include "browser/new_keys.h"
+#include "browser/replace_form.h"
+#include "editor/replace_create.h"
+#include "store/sql.h"
+
+namespace ta_vorlumine {
+namespace {
+
+using ADODB::sql;
+using platform::form;
+
+constexpr int first_value_column = 5;
+
+}  // namespace
+
+condition_dialog::condition_dialog(std::string name, condition_lines kind)
+    : window(std::move(name), "置換条件の設定", 6825, 3585),
+      Label1(window, "Label1"),
+      fg(window, "fg", "比較値の一覧"),
+      Command3(window, "Command3", "削除"),
+      Command1(window, "Command1", "OK"),
+      Command2(window, "Command2", "ｷｬﾝｾﾙ"),
+      kind_(std::move(kind)) {
+  window.body = platform::column(
+      {Label1, fg, platform::row({Command3, platform::stretch(), Command1, Command2})});
+  window.on_load = [this] { transaction_.begin(); };
+  window.on_unload = [this] { transaction_.end(); };
+  fg.on_row_check = [this] { row_check(); };
+  fg.on_validate_edit = [this](int, int col, bool& cancel) {
+    if (kind_.validate) kind_.validate(fg, col, cancel);
+  };
+  Command1.on_click = [this] { ok(); };
+  Command2.on_click = [this] { window.unload(); };
+  Command3.on_click = [this] { delete_line(); };
+}
+
+void condition_dialog::load_lines() {
+  auto& editor = form<replace_create>();
+  const std::int16_t definition = form<replaceForm>().f_replace_no;
+  fg.DataSource(form<replaceForm>().conn.Execute(
+      sql(kind_.select, {definition, editor.f_replace_cond_no})));
+  fg.FormatString(kind_.format);
+  fg.Cols(first_value_column + static_cast<int>(kind_.widths.size()));
+  fg.Editable(2);
+  editor.cond_mode = fg.Rows() > 1;
+  add_trailing_row(std::to_string(editor.f_replace_cond_no), editor.sno_current);
+  for (std::size_t i = 0; i < kind_.lists.size(); ++i) {
+    if (!kind_.lists[i].empty()) {
+      fg.ColComboList(first_value_column + static_cast<int>(i), kind_.lists[i]);
+    }
+  }
+  for (int hidden = 0; hidden < first_value_column; ++hidden) fg.ColHidden(hidden, true);
+  set_widths();
+}
+
+void condition_dialog::set_widths() {
+  for (std::size_t i = 0; i < kind_.widths.size(); ++i) {
+    fg.ColWidth(first_value_column + static_cast<int>(i), kind_.widths[i]);
+  }
+}
+
+line_cells condition_dialog::cells(int row) {
+  line_cells found;
+  const int columns = first_value_column + static_cast<int>(kind_.widths.size());
+  for (int col = 0; col < columns; ++col) found.push_back(fg.TextMatrix(row, col));
+  return found;
+}
+
+std::int16_t condition_dialog::next_number() {
+  ADODB::Recordset found = form<replaceForm>().conn.Execute(
+      sql("select max(sno) from replace_cond where replace_cond_no=<f_replace_cond_no> "
+          "and replace_no=<f_replace_no>",
+          {form<replace_create>().f_replace_cond_no, form<replaceForm>().f_replace_no}));
+  const bool none = found.eof() || found.Fields().Item(0).Value().is_null();
+  return none ? std::int16_t{1} : checked_key(found.Fields().Item(0).Value().number() + 1);
+}
+
+void condition_dialog::add_trailing_row(const std::string& cond_no, std::int64_t sno) {
+  std::string row = "\t" + std::to_string(form<replaceForm>().f_replace_no) + "\t" + cond_no +
+                    "\t" + std::to_string(checked_key(sno)) + "\t" + kind_.use_type;
+  row.append(kind_.widths.size(), '\t');
+  fg.AddItem(row);
+}
+
+// Keeps a blank row at the end of the grid and sweeps out rows that were emptied.
+void condition_dialog::row_check() {
+  std::int64_t next = next_number();
+  const int row = fg.Row();
+  const int last = fg.Rows() - 1;
+  if (row == -1) {
+    if (last < 1 || fg.TextMatrix(1, 1).empty()) {
+      add_trailing_row(std::to_string(form<replace_create>().f_replace_cond_no), next);
+    }
+    return;
+  }
+  const line_cells current = cells(row);
+  if (kind_.is_emptied(current)) {
+    if (row != last) fg.RemoveItem(row);
+  } else if (row == last) {
+    const std::int64_t sno = std::stoll(current[3]);
+    add_trailing_row(current[2], sno >= next ? sno + 1 : next);
+  }
+  set_widths();
+}
+
+void condition_dialog::delete_line() {
+  if (!fg.commit_edit()) return;
+  if (const int row = fg.Row(); row != -1) {
+    const line_cells line = cells(row);
+    transaction_.run([&] {
+      form<replaceForm>().conn.Execute(
+          sql("delete from replace_cond where replace_cond_no=<cell 2> and replace_no=<cell 1> "
+              "and sno=<cell 3>",
+              {line[2], line[1], line[3]}));
+    });
+    fg.RemoveItem(row);
+  }
+  set_widths();
+}
+
+}  // namespace ta_vorlumine

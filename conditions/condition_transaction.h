@@ -1,0 +1,29 @@
+#pragma once
+
+#include <functional>
+
+namespace ta_vorlumine {
+
+/// The one transaction that a condition dialog is, from its load to its OK or its closing.
+class condition_transaction {
+ public:
+  void begin();
+
+  /// Runs `work`, whose first write may find that another program has written since the dialog
+  /// began to read: then the transaction begins anew and `work` runs once more. On any failure of
+  /// `work` what it wrote is taken back, a new transaction begins, and the failure goes on.
+  void run(const std::function<void()>& work);
+
+  /// Commits; from here on closing the dialog takes nothing back.
+  void commit();
+
+  /// The dialog closes: takes back what was not committed and shows the editor's new state.
+  void end();
+
+ private:
+  void begin_anew();
+
+  bool cond_saved_ = false;
+};
+
+}  // namespace ta_vorlumine

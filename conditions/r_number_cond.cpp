@@ -1,0 +1,46 @@
+#include "conditions/r_number_cond.h"
+
+#include "conditions/range_lines.h"
+#include "conditions/typed_number.h"
+#include "platform/messages.h"
+
+namespace ta_vorlumine {
+namespace {
+
+const range_statements statements{
+    .select = "select replace_no,replace_cond_no,sno,use_type,n_f_val,n_f_method,n_t_val,"
+              "n_t_method from replace_cond where replace_no=<f_replace_no> and "
+              "replace_cond_no=<f_replace_cond_no> and use_type='N'",
+    .insert_both =
+        "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,n_f_val,n_f_method,"
+        "n_t_val,n_t_method) values(<cell 1>,<cell 2>,<cell 3>,'<cell 4>','<cell 5>','<cell 6>',"
+        "'<cell 7>','<cell 8>')",
+    .insert_upper =
+        "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,n_t_val,n_t_method) "
+        "values(<cell 1>,<cell 2>,<cell 3>,'<cell 4>','<cell 7>','<cell 8>')",
+    .insert_lower =
+        "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,n_f_val,n_f_method) "
+        "values(<cell 1>,<cell 2>,<cell 3>,'<cell 4>','<cell 5>','<cell 6>')"};
+
+// What is no number can't be compared; the row stays for the user to look at.
+bool check_number_row(const line_cells& row, int number) {
+  if (row[from_value].empty() || row[to_value].empty()) return true;
+  const auto lower = typed_number(row[from_value]);
+  const auto upper = typed_number(row[to_value]);
+  if (!lower || !upper) return false;
+  if (*lower <= *upper) return true;
+  platform::message("第" + std::to_string(number) + "行目：数字の指定が正しくありません");
+  return false;
+}
+
+condition_lines description() {
+  condition_lines lines = range_lines("N", statements);
+  lines.test = check_number_row;
+  return lines;
+}
+
+}  // namespace
+
+r_number_cond::r_number_cond() : dialog("r_number_cond", description()) {}
+
+}  // namespace ta_vorlumine

@@ -1,0 +1,89 @@
+#include "conditions/r_yesno_cond.h"
+
+#include "browser/replace_form.h"
+#include "conditions/condition_row.h"
+#include "editor/replace_create.h"
+#include "platform/messages.h"
+#include "store/sql.h"
+
+namespace ta_vorlumine {
+namespace {
+
+using ADODB::sql;
+using platform::form;
+
+constexpr auto nothing_chosen = "選択してください";
+
+/// The line's answer; makes the line if the condition has none.
+ADODB::Value stored_answer() {
+  auto& shared = form<replaceForm>();
+  const auto& editor = form<replace_create>();
+  ADODB::Recordset line = shared.conn.Execute(
+      sql("select b_val from replace_cond where replace_cond_no=<f_replace_cond_no> "
+          "and replace_no=<f_replace_no>",
+          {editor.f_replace_cond_no, shared.f_replace_no}));
+  if (!line.eof()) return line.Fields().Item("b_val").Value();
+  shared.conn.Execute(
+      sql("insert into replace_cond(replace_no,replace_cond_no,sno,use_type) "
+          "values(<f_replace_no>,<f_replace_cond_no>,<sno_current>,'B')",
+          {shared.f_replace_no, editor.f_replace_cond_no, editor.sno_current}));
+  return {};
+}
+
+}  // namespace
+
+r_yesno_cond::r_yesno_cond()
+    : Combo1(window, "Combo1"),
+      Label1(window, "Label1", {}, &Combo1),
+      Command1(window, "Command1", "OK"),
+      Command2(window, "Command2", "ｷｬﾝｾﾙ") {
+  window.body = platform::column({platform::fields({platform::row({Label1, Combo1})}),
+                                  platform::stretch(),
+                                  platform::row({platform::stretch(), Command1, Command2})});
+  window.on_load = [this] { load(); };
+  window.on_unload = [this] { transaction_.end(); };
+  Command1.on_click = [this] { ok(); };
+  Command2.on_click = [this] { window.unload(); };
+}
+
+void r_yesno_cond::load() {
+  for (const char* entry : {nothing_chosen, "はい", "いいえ"}) Combo1.AddItem(entry);
+  Combo1.select(nothing_chosen);
+  transaction_.begin();
+  transaction_.run([this] { read_answer(); });
+}
+
+void r_yesno_cond::read_answer() {
+  const ADODB::Value answer = stored_answer();
+  if (!answer.is_null()) Combo1.select(answer.truth() ? "はい" : "いいえ");
+}
+
+void r_yesno_cond::ok() {
+  const std::string choice = Combo1.text();
+  if (choice == nothing_chosen) return platform::message("選択してください!");
+  if (choice != "はい" && choice != "いいえ") platform::message("Exception Error!");
+  transaction_.run([&] { store(choice == "はい"); });
+  window.unload();
+}
+
+// A transaction that had to begin anew has lost the line of the opening: it is made again.
+void r_yesno_cond::store(bool answer) {
+  auto& shared = form<replaceForm>();
+  auto& editor = form<replace_create>();
+  require_condition_stands();
+  static_cast<void>(stored_answer());
+  shared.conn.Execute(
+      sql("update replace_cond set b_val=<answer> where replace_no=<f_replace_no> "
+          "and replace_cond_no=<f_replace_cond_no>",
+          {answer ? "True" : "False", shared.f_replace_no, editor.f_replace_cond_no}));
+  platform::message("設定完了！");
+  if (editor.f_cond_value == 0) {
+    const std::int64_t children = count_children();
+    if (children <= 1) insert_condition_row();
+    if (children == 0) editor.ins_yiwai();
+    shared.basRS.Close();
+  }
+  transaction_.commit();
+}
+
+}  // namespace ta_vorlumine

@@ -1,0 +1,28 @@
+#pragma once
+
+#include <string>
+
+#include "conditions/condition_dialog.h"
+
+namespace ta_vorlumine {
+
+// The cells of a range: a lower end and an upper end, each a value and a method.
+constexpr std::size_t from_value = 5;
+constexpr std::size_t from_method = 6;
+constexpr std::size_t to_value = 7;
+constexpr std::size_t to_method = 8;
+
+/// The statements in which ranges of dates and of numbers differ.
+struct range_statements {
+  std::string select;
+  std::string insert_both;   ///< both ends
+  std::string insert_upper;  ///< the upper end alone
+  std::string insert_lower;  ///< the lower end alone
+};
+
+/// What the dialogs of ranges have in common. The row test and what happens before an edit is taken
+/// are the caller's to add.
+[[nodiscard]] condition_lines range_lines(const std::string& use_type,
+                                          const range_statements& statements);
+
+}  // namespace ta_vorlumine

@@ -1,0 +1,107 @@
+#include <vector>
+
+#include "browser/replace_form.h"
+#include "editor/condition_text.h"
+#include "editor/replace_create.h"
+#include "store/sql.h"
+
+namespace ta_vorlumine {
+namespace {
+
+using ADODB::sql;
+using platform::form;
+
+const RGB root_colour(200, 160, 50);
+const RGB row_colour(0, 0, 255);
+
+std::string text_of(const ADODB::Recordset& row, std::string_view column) {
+  return row.Fields().Item(column).Value().text();
+}
+
+std::string field_text(const std::string& field_id) {
+  auto& rows = form<replaceForm>().basRS;
+  rows = form<replaceForm>().conn.Execute(
+      sql("select field_name from field where field_id='<field_id>'", {field_id}));
+  return rows.eof() ? field_id : rows.Fields().Item(0).Value().text();
+}
+
+}  // namespace
+
+void replace_create::init_tree() {
+  auto& shared = form<replaceForm>();
+  SSTree1.set_image_list(ImageList1);
+  shared.basNodeKey = "0";
+  SSTree1.UniformRows(true);
+  SSTree1.Redraw(false);
+  SSTree1.Nodes.Clear();
+  shared.atNode = SSTree1.Nodes.Add("0", "置換条件");
+  shared.atNode.Font(false, 10);
+  shared.atNode.ForeColor(root_colour);
+  shared.atNode.Image("root");
+  shared.basCopyRs = shared.conn.Execute(
+      sql("select * from replace_m where replace_no=<f_replace_no> "
+          "ORDER BY P_REPLACE_M_NO,replace_cond_type,replace_m_no",
+          {shared.f_replace_no}));
+  add_rule_nodes();
+  SSTree1.TopNode(SSTree1.Nodes.Item(SSTree1.Nodes.Count()).Root());
+  SSTree1.Indentation(250);
+  SSTree1.Redraw(true);
+}
+
+// Every row that this editor writes comes after its parent. What other programs wrote may not: such
+// rows wait until a parent has come, and those that no parent comes for are left out.
+void replace_create::add_rule_nodes() {
+  auto& cursor = form<replaceForm>().basCopyRs;
+  std::vector<ADODB::Recordset> waiting;
+  for (; !cursor.eof(); cursor.MoveNext()) {
+    if (SSTree1.Nodes.Has(text_of(cursor, "p_replace_m_no"))) {
+      initone();
+    } else {
+      waiting.push_back(cursor);
+    }
+  }
+  const ADODB::Recordset end = cursor;
+  for (std::size_t before = 0; before != waiting.size();) {
+    before = waiting.size();
+    std::erase_if(waiting, [&](const ADODB::Recordset& row) {
+      const bool has_parent = SSTree1.Nodes.Has(text_of(row, "p_replace_m_no"));
+      if (has_parent) {
+        cursor = row;
+        initone();
+      }
+      return has_parent;
+    });
+  }
+  cursor = end;
+}
+
+void replace_create::initone() {
+  auto& shared = form<replaceForm>();
+  const ADODB::Recordset& row = shared.basCopyRs;
+  const std::string use_type = text_of(row, "use_type");
+  const std::string parent = text_of(row, "p_replace_m_no");
+  const std::string key = text_of(row, "replace_m_no");
+  if (use_type == "F") {
+    shared.atNode =
+        SSTree1.Nodes.AddChild(parent, key, field_text(text_of(row, "field_id")));
+    shared.atNode.Image("close");
+    shared.atNode.ExpandedImage("open");
+  } else if (use_type == "C") {
+    shared.atNode = SSTree1.Nodes.AddChild(parent, key, condition_text(row));
+    shared.atNode.Image("cond");
+  } else if (use_type == "R") {
+    shared.atNode = SSTree1.Nodes.AddChild(parent, key, text_of(row, "replace_title"));
+    shared.atNode.Image("val");
+  } else {
+    return;
+  }
+  show_as_rule(shared.atNode);
+}
+
+void replace_create::show_as_rule(const Node& node) {
+  node.parent().Expanded(true);
+  node.Font(false, 10);
+  node.ForeColor(row_colour);
+}
+
+}  // namespace ta_vorlumine

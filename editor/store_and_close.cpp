@@ -1,0 +1,79 @@
+#include "browser/replace_form.h"
+#include "browser/vanished_row.h"
+#include "editor/replace_create.h"
+#include "platform/messages.h"
+#include "store/sql.h"
+
+namespace ta_vorlumine {
+namespace {
+
+using ADODB::sql;
+using platform::form;
+
+bool is_field_name(const std::string& title) {
+  ADODB::Recordset found = form<replaceForm>().conn.Execute(
+      sql("select field_name from field where field_name = '<title>'", {title}));
+  return !found.eof();
+}
+
+bool is_title_in_use(const std::string& title) {
+  ADODB::Recordset found = form<replaceForm>().conn.Execute(
+      sql("select title from replace where title = '<title>' and kind='C'", {title}));
+  return !found.eof();
+}
+
+/// What is wrong with a title, empty if nothing is.
+std::string objection(const std::string& title) {
+  if (platform::character_count(title) > 100) return "タイトルが文字列長すぎます";
+  if (is_field_name(title)) return "アドレス帳と同じ名称は設定できません。";
+  const std::string& mode = form<replaceForm>().basAU;
+  if ((mode == "5" || mode == "8") && is_title_in_use(title)) {
+    return "そのタイトルはすでに使用されています。";
+  }
+  return {};
+}
+
+}  // namespace
+
+void replace_create::exit() {
+  const std::string title = Text1.text();
+  if (title.empty()) return exit_untitled();
+  if (const std::string wrong = objection(title); !wrong.empty()) {
+    platform::message(wrong);
+    return Text1.set_focus();
+  }
+  if (Text2.text().empty()) Text2.set_text(" ");
+  if (!definition_stands()) return window.unload();
+  form<replaceForm>().conn.Execute(
+      sql("UPDATE replace SET title='<title>',comment='<comment>' where replace_no= "
+          "<up_replace_no>",
+          {title, Text2.text(), up_replace_no}));
+  window.unload();
+}
+
+void replace_create::exit_untitled() {
+  if (SSTree1.Nodes.Count() >= 2) {
+    platform::message("タイトルを入力してください。");
+    return Text1.set_focus();
+  }
+  auto& browser = form<replaceForm>();
+  browser.conn.Execute(
+      sql("delete from replace where replace_no=<up_replace_no>", {up_replace_no}));
+  browser.init_form();
+  browser.Init_ToolBar();
+  window.unload();
+}
+
+// There is nothing left to edit once another program has deleted the definition: the user learns
+// it, and the editor ends.
+bool replace_create::definition_stands() {
+  try {
+    require_title_row(std::to_string(up_replace_no));
+    return true;
+  } catch (const vanished_row& gone) {
+    platform::message(gone.what());
+    return false;
+  }
+}
+
+}  // namespace ta_vorlumine

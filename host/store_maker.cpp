@@ -1,0 +1,53 @@
+#include "host/store_maker.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+#include "host/embedded_scripts.h"
+#include "store/error.h"
+#include "store/sqlite_database.h"
+
+namespace rule_store {
+namespace {
+
+// Creating and refusing what exists is one step of the system, so that of two programs that make
+// the same store one fails.
+void create_file(const std::string& path) {
+  const int file = ::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666);
+  if (file < 0)
+    throw ADODB::Error(ADODB::failure_kind::other,
+                       path + ": " + std::generic_category().message(errno));
+  ::close(file);
+}
+
+void remove_files(const std::string& path) {
+  std::error_code ignored;
+  for (const char* suffix : {"", "-journal", "-wal", "-shm"})
+    std::filesystem::remove(path + suffix, ignored);
+}
+
+void fill(const std::string& path, content wanted) {
+  ADODB::sqlite_database database(path);
+  database.run("PRAGMA journal_mode=WAL; BEGIN");
+  database.run(schema_script);
+  if (wanted == content::sample) database.run(sample_script);
+  database.run("COMMIT");
+}
+
+}  // namespace
+
+void make_store(const std::string& path, content wanted) {
+  create_file(path);
+  try {
+    fill(path, wanted);
+  } catch (...) {
+    remove_files(path);
+    throw;
+  }
+}
+
+}  // namespace rule_store

@@ -1,0 +1,84 @@
+#include "platform/combo_box.h"
+
+#include <QComboBox>
+#include <QInputMethodEvent>
+#include <QWheelEvent>
+#include <utility>
+
+#include "platform/choice_list.h"
+#include "platform/form.h"
+#include "platform/native.h"
+
+namespace platform {
+namespace {
+
+class drop_down : public QComboBox {
+ public:
+  drop_down() {
+    // Some styles open a list as a menu, over the whole height of the screen and without scroll bar.
+    setStyleSheet("combobox-popup: 0");
+    setView(new choice_list);
+    setMaxVisibleItems(20);
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(20);
+    setAttribute(Qt::WA_InputMethodEnabled);
+    view()->setAttribute(Qt::WA_InputMethodEnabled);
+  }
+
+  void showPopup() override {
+    choice_at_opening_ = currentIndex();
+    QComboBox::showPopup();
+  }
+
+  /// Whether `index`, just chosen, is what had been chosen before the list was opened.
+  bool was_chosen_again(int index) { return std::exchange(choice_at_opening_, -1) == index; }
+
+ protected:
+  // A wheel that passes over the closed list is meant for the window; a choice has consequences.
+  void wheelEvent(QWheelEvent* event) override { event->ignore(); }
+
+  void inputMethodEvent(QInputMethodEvent* event) override {
+    show_composition(*this, *event);
+    QComboBox::inputMethodEvent(event);
+  }
+
+ private:
+  int choice_at_opening_ = -1;
+};
+
+}  // namespace
+
+ComboBox::ComboBox(Form& form, std::string name) : Control(form, std::move(name)) {}
+
+std::unique_ptr<native> ComboBox::make() {
+  auto* combo = new drop_down;
+  QObject::connect(combo, &QComboBox::currentIndexChanged, combo, [this](int index) {
+    if (index >= 0 && on_click) form().guarded(on_click);
+  });
+  QObject::connect(combo, &QComboBox::activated, combo, [this, combo](int index) {
+    if (combo->was_chosen_again(index) && on_click) form().guarded(on_click);
+  });
+  return std::make_unique<native>(combo);
+}
+
+void ComboBox::Clear() { as<QComboBox>(peer()).clear(); }
+
+// The toolkit chooses the first item of a list by itself; a list here starts without a choice.
+void ComboBox::AddItem(std::string_view text) {
+  auto& combo = as<QComboBox>(peer());
+  const int chosen = combo.currentIndex();
+  const bool was_blocked = combo.blockSignals(true);
+  combo.addItem(to_toolkit(text));
+  combo.setCurrentIndex(chosen);
+  combo.blockSignals(was_blocked);
+}
+
+std::string ComboBox::text() { return from_toolkit(as<QComboBox>(peer()).currentText()); }
+
+void ComboBox::select(std::string_view text) {
+  auto& combo = as<QComboBox>(peer());
+  combo.setCurrentIndex(
+      combo.findText(to_toolkit(text), Qt::MatchExactly | Qt::MatchCaseSensitive));
+}
+
+}  // namespace platform

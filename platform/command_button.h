@@ -1,0 +1,25 @@
+#pragma once
+
+#include <functional>
+
+#include "platform/control.h"
+
+namespace platform {
+
+class CommandButton : public Control {
+ public:
+  /// `role` default: Enter in a field of the form presses the button.
+  enum class role { plain, standard };
+
+  CommandButton(Form& form, std::string name, std::string caption, role role = role::plain);
+
+  std::function<void()> on_click;
+
+ private:
+  std::unique_ptr<native> make() override;
+
+  std::string caption_;
+  role role_;
+};
+
+}  // namespace platform

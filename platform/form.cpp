@@ -1,0 +1,116 @@
+#include "platform/form.h"
+
+#include <QApplication>
+#include <exception>
+#include <utility>
+
+#include "platform/arrangement.h"
+#include "platform/control.h"
+#include "platform/fonts.h"
+#include "platform/messages.h"
+#include "platform/native.h"
+#include "platform/window.h"
+
+namespace platform {
+
+Form::Form(std::string name, std::string caption, int width, int height, frame frame)
+    : name_(std::move(name)),
+      caption_(std::move(caption)),
+      width_(width),
+      height_(height),
+      frame_(frame) {}
+
+Form::~Form() = default;
+
+void Form::load() {
+  if (window_) return;
+  make_widgets();
+  try {
+    if (on_load) on_load();
+  } catch (...) {
+    destroy_widgets();
+    throw;
+  }
+}
+
+void Form::make_widgets() {
+  window_ = std::make_unique<window>(*this, QApplication::activeModalWidget());
+  window_->setObjectName(to_toolkit(name_));
+  window_->setWindowTitle(to_toolkit(caption_));
+  window_->setFont(window_font());
+  for (Control* control : controls_) {
+    control->native_ = control->make();
+    control->native_->widget->setParent(window_.get());
+    control->native_->widget->setObjectName(to_toolkit(control->name_));
+  }
+  for (std::size_t i = 1; i < controls_.size(); ++i) {
+    QWidget::setTabOrder(controls_[i - 1]->native_->widget, controls_[i]->native_->widget);
+  }
+  for (Control* control : controls_) control->tie();
+  window_->setLayout(arrangement::of(body));
+  window_->resize(QSize(pixels(width_), pixels(height_)).expandedTo(window_->minimumSizeHint()));
+  if (frame_ == frame::fixed) window_->setFixedSize(window_->size());
+}
+
+void Form::destroy_widgets() {
+  for (Control* control : controls_) control->native_.reset();
+  window_.reset();
+  unloading_ = false;
+}
+
+void Form::show() {
+  load();
+  window_->exec();
+  destroy_widgets();
+}
+
+void Form::unload() {
+  if (!window_ || unloading_) return;
+  unloading_ = true;
+  // The window goes in any case: a form that could not say good-bye must not stay on top.
+  struct ending {
+    Form& form;
+    ~ending() {
+      if (form.window_->isVisible()) {
+        form.window_->done(QDialog::Accepted);
+      } else {
+        form.destroy_widgets();
+      }
+    }
+  } const end{*this};
+  if (on_unload) on_unload();
+}
+
+void Form::set_caption(std::string_view caption) {
+  load();
+  window_->setWindowTitle(to_toolkit(caption));
+}
+
+std::string Form::active_control() const {
+  const QWidget* focused = QApplication::focusWidget();
+  for (const Control* control : controls_) {
+    if (!control->native_) continue;
+    const QWidget* widget = control->native_->widget;
+    if (focused == widget || (focused && widget->isAncestorOf(focused))) return control->name_;
+  }
+  return {};
+}
+
+void Form::guarded(const std::function<void()>& event) {
+  try {
+    event();
+    return;
+  } catch (const std::exception& failure) {
+    message(failure.what());
+  } catch (...) {
+    message("予期しないエラーが発生しました。");
+  }
+  if (!on_failure || !loaded() || unloading_) return;
+  try {
+    on_failure();
+  } catch (const std::exception&) {
+    // The user has just read why; a store that still refuses leaves the view as it is.
+  }
+}
+
+}  // namespace platform

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <QString>
+#include <QWidget>
+#include <string>
+#include <string_view>
+
+namespace platform {
+
+/// The toolkit's side of a control. The widget belongs to the window that it stands in.
+struct native {
+  explicit native(QWidget* made) : widget(made) {}
+  native(const native&) = delete;
+  native& operator=(const native&) = delete;
+  virtual ~native() = default;
+
+  QWidget* widget;
+};
+
+template <class Widget>
+Widget& as(const native& peer) {
+  return *static_cast<Widget*>(peer.widget);
+}
+
+inline QString to_toolkit(std::string_view text) {
+  return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
+}
+
+inline std::string from_toolkit(const QString& text) { return text.toStdString(); }
+
+/// Windows are measured in twips, 1440 to the inch; the toolkit scales its own pixels, 96 to it.
+constexpr int pixels(int twips) { return twips / 15; }
+
+}  // namespace platform

@@ -1,0 +1,60 @@
+#include "platform/text_box.h"
+
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QLineEdit>
+#include <algorithm>
+#include <limits>
+#include <utility>
+
+#include "platform/form.h"
+#include "platform/native.h"
+#include "platform/text_area.h"
+
+namespace platform {
+
+TextBox::TextBox(Form& form, std::string name, lines lines)
+    : Control(form, std::move(name)), lines_(lines) {}
+
+std::unique_ptr<native> TextBox::make() {
+  if (lines_ == lines::several) {
+    auto* edit = new text_area;
+    QObject::connect(edit, &text_area::textChanged, edit, [this] { changed(); });
+    return std::make_unique<native>(edit);
+  }
+  auto* edit = new QLineEdit;
+  edit->setMaxLength(std::numeric_limits<int>::max());
+  if (lines_ == lines::one_tall) edit->setMinimumHeight(2 * edit->sizeHint().height());
+  QObject::connect(edit, &QLineEdit::textChanged, edit, [this] { changed(); });
+  return std::make_unique<native>(edit);
+}
+
+void TextBox::changed() {
+  if (on_change) form().guarded(on_change);
+}
+
+std::string TextBox::text() {
+  QWidget* widget = peer().widget;
+  if (widget->hasFocus()) QGuiApplication::inputMethod()->commit();
+  return from_toolkit(lines_ == lines::several ? as<text_area>(peer()).text()
+                                               : as<QLineEdit>(peer()).text());
+}
+
+bool TextBox::is_empty() {
+  return lines_ == lines::several ? as<text_area>(peer()).is_empty()
+                                  : as<QLineEdit>(peer()).text().isEmpty();
+}
+
+void TextBox::set_text(std::string_view text) {
+  const QString wanted = to_toolkit(text);
+  if (lines_ != lines::several) return as<QLineEdit>(peer()).setText(wanted);
+  auto& edit = as<text_area>(peer());
+  if (edit.text() != wanted) edit.set_text(wanted);
+}
+
+std::size_t character_count(std::string_view text) {
+  return static_cast<std::size_t>(std::count_if(
+      text.begin(), text.end(), [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) != 0x80; }));
+}
+
+}  // namespace platform

@@ -1,0 +1,37 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+
+#include "platform/control.h"
+
+namespace platform {
+
+/// A text field without a length limit.
+class TextBox : public Control {
+ public:
+  enum class lines { one, one_tall, several };
+
+  TextBox(Form& form, std::string name, lines lines = lines::one);
+
+  std::function<void()> on_change;
+
+  /// UTF-8; what an input method has half composed is taken first.
+  [[nodiscard]] std::string text();
+  /// Takes nothing from the input method, so that on_change may ask it in the midst of composing.
+  [[nodiscard]] bool is_empty();
+  /// Raises on_change if the text differs.
+  void set_text(std::string_view text);
+
+ private:
+  std::unique_ptr<native> make() override;
+  void changed();
+
+  lines lines_;
+};
+
+/// The number of characters (code points) of a UTF-8 text.
+[[nodiscard]] std::size_t character_count(std::string_view text);
+
+}  // namespace platform

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/control.h"
+#include "platform/image_list.h"
+
+namespace platform {
+
+/// A row of buttons with pictures. Buttons are named by key, or by position from 1, separators
+/// counted; Alt and the number of a button among the buttons press it.
+class Toolbar : public Control {
+ public:
+  struct button {
+    std::string key;
+    std::string caption;
+    std::string description;  ///< tells apart, to screen readers and as a hint, what captions don't
+  };
+  static button separator() { return {}; }
+
+  Toolbar(Form& form, std::string name, const ImageList& pictures, std::vector<button> buttons);
+
+  std::function<void(const std::string& key, int position)> on_button_click;
+
+  void enable(std::string_view key, bool enabled);
+  void enable(int position, bool enabled);
+
+ private:
+  std::unique_ptr<native> make() override;
+
+  const ImageList& pictures_;
+  std::vector<button> buttons_;
+};
+
+}  // namespace platform

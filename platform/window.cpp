@@ -1,0 +1,42 @@
+#include "platform/window.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+
+#include "platform/form.h"
+#include "platform/key_codes.h"
+
+namespace platform {
+
+window::window(Form& form, QWidget* owner) : QDialog(owner), form_(form) {
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  qApp->installEventFilter(this);
+}
+
+window::~window() { qApp->removeEventFilter(this); }
+
+void window::close_form() {
+  form_.guarded([this] { form_.on_close ? form_.on_close() : form_.unload(); });
+}
+
+// Esc ends up here. The dialog's own way would end the modal loop past the form.
+void window::reject() { close_form(); }
+
+void window::closeEvent(QCloseEvent* event) {
+  event->ignore();
+  close_form();
+}
+
+// The toolkit sends a key to the focused control and then up through its parents; the form is asked
+// once, at the control itself.
+bool window::eventFilter(QObject* receiver, QEvent* event) {
+  if (event->type() != QEvent::KeyPress || !form_.on_key_down) return false;
+  if (receiver != QApplication::focusWidget() || QApplication::activeWindow() != this) return false;
+  const auto& key = *static_cast<QKeyEvent*>(event);
+  int code = key_code(key);
+  form_.guarded([&] { form_.on_key_down(code, shift_state(key.modifiers())); });
+  return code == 0;
+}
+
+}  // namespace platform

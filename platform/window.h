@@ -1,0 +1,28 @@
+#pragma once
+
+#include <QDialog>
+#include <QEvent>
+
+namespace platform {
+
+class Form;
+
+/// The toolkit's window of a form: hands keys and closing to the form.
+class window : public QDialog {
+ public:
+  window(Form& form, QWidget* owner);
+  ~window() override;
+
+  void reject() override;
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* receiver, QEvent* event) override;
+
+ private:
+  void close_form();
+
+  Form& form_;
+};
+
+}  // namespace platform

@@ -1,0 +1,49 @@
+#include "store/connection.h"
+
+#include "store/connection_string.h"
+
+namespace ADODB {
+
+void Connection::Open(std::string_view connection_string) {
+  if (is_open()) throw Error(failure_kind::other, "the connection is already open");
+  engine_ = open_engine(read_connection_string(connection_string));
+}
+
+void Connection::Close() {
+  open_engine_or_fail();
+  // An engine that goes away takes back what was not committed.
+  engine_.reset();
+  in_transaction_ = false;
+}
+
+Recordset Connection::Execute(std::string_view statement) {
+  return Recordset(open_engine_or_fail().execute(statement));
+}
+
+void Connection::BeginTrans() {
+  if (in_transaction_) throw Error(failure_kind::other, "a transaction is already open");
+  open_engine_or_fail().begin();
+  in_transaction_ = true;
+}
+
+void Connection::CommitTrans() {
+  transaction_engine_or_fail().commit();
+  in_transaction_ = false;
+}
+
+void Connection::RollbackTrans() {
+  transaction_engine_or_fail().rollback();
+  in_transaction_ = false;
+}
+
+engine& Connection::open_engine_or_fail() const {
+  if (!is_open()) throw Error(failure_kind::other, "the connection is closed");
+  return *engine_;
+}
+
+engine& Connection::transaction_engine_or_fail() const {
+  if (!in_transaction_) throw Error(failure_kind::other, "no transaction is open");
+  return open_engine_or_fail();
+}
+
+}  // namespace ADODB

@@ -1,0 +1,40 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+#include "store/engine.h"
+#include "store/error.h"
+#include "store/recordset.h"
+
+namespace ADODB {
+
+/// One connection to a rule store. Used by one thread at a time. Every failure is an Error.
+class Connection {
+ public:
+  /// Opens the store that the connection string names. The store must exist: nothing is created.
+  /// Failing leaves the connection closed, and a later Open works.
+  void Open(std::string_view connection_string);
+
+  /// Ends the connection, an open transaction by rolling it back. Closing a closed one is an Error.
+  void Close();
+  [[nodiscard]] bool is_open() const { return engine_ != nullptr; }
+
+  /// Runs one statement. A select gives its rows, any other statement an empty record set.
+  Recordset Execute(std::string_view statement);
+
+  /// One transaction at a time; statements inside see its work.
+  void BeginTrans();
+  void CommitTrans();
+  void RollbackTrans();
+  [[nodiscard]] bool in_transaction() const { return in_transaction_; }
+
+ private:
+  engine& open_engine_or_fail() const;
+  engine& transaction_engine_or_fail() const;
+
+  std::unique_ptr<engine> engine_;
+  bool in_transaction_ = false;
+};
+
+}  // namespace ADODB

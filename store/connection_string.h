@@ -1,0 +1,20 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace ADODB {
+
+/// A connection string taken apart. Keys are known in any case; `values` holds them in lower case.
+struct connection_settings {
+  std::string driver;                         ///< "sqlite" or "postgresql"
+  std::map<std::string, std::string> values;  ///< every other key of that driver that was given
+};
+
+/// Reads `Key=value;Key=value`; a value that holds ";" stands in braces: {a;b}. Raises Error on an
+/// empty text, no or an unknown driver, a repeated or unknown key and a missing Database. The text
+/// of a failure names entries by their place, never by content, since that may be a password.
+[[nodiscard]] connection_settings read_connection_string(std::string_view text);
+
+}  // namespace ADODB

@@ -1,0 +1,27 @@
+#pragma once
+
+#include <stdexcept>
+#include <string>
+
+namespace ADODB {
+
+enum class failure_kind {
+  refused_by_key,  ///< a primary key or unique index already holds the value
+  busy,            ///< another program holds the store locked longer than the time-out
+  stale,  ///< another program has written or writes since this transaction has read; begin anew
+  lost_connection,  ///< the server is gone; what the statement did is unknown
+  other
+};
+
+/// The one failure of the store. what() is the engine's own text (UTF-8) and never holds a
+/// password.
+class Error : public std::runtime_error {
+ public:
+  Error(failure_kind kind, const std::string& text) : std::runtime_error(text), kind_(kind) {}
+  [[nodiscard]] failure_kind kind() const { return kind_; }
+
+ private:
+  failure_kind kind_;
+};
+
+}  // namespace ADODB

@@ -1,0 +1,59 @@
+#include "store/recordset.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "store/ascii.h"
+#include "store/connection.h"
+#include "store/error.h"
+
+namespace ADODB {
+
+Field Fields::Item(std::string_view name) const {
+  const auto& columns = *rows_->columns;
+  const auto found = std::ranges::find_if(
+      columns, [&](const std::string& column) { return equal_in_any_case(column, name); });
+  if (found == columns.end())
+    throw Error(failure_kind::other, "the record set has no column " + std::string(name));
+  return Item(static_cast<std::size_t>(found - columns.begin()));
+}
+
+Field Fields::Item(std::size_t position) const {
+  if (position >= Count())
+    throw Error(failure_kind::other, "the record set has no column " + std::to_string(position));
+  const std::size_t cell = row_ * Count() + position;
+  if (cell >= rows_->cells.size())
+    throw Error(failure_kind::other, "the record set has no current row");
+  return Field(rows_->cells[cell]);
+}
+
+Recordset::Recordset(result rows) : rows_(std::make_shared<const result>(std::move(rows))) {}
+
+void Recordset::Open(std::string_view statement, Connection& connection) {
+  *this = connection.Execute(statement);
+}
+
+void Recordset::Close() {
+  *this = Recordset();
+}
+
+bool Recordset::eof() const {
+  return row_ >= RecordCount();
+}
+
+void Recordset::MoveNext() {
+  if (eof()) throw Error(failure_kind::other, "the record set is at its end");
+  ++row_;
+}
+
+std::size_t Recordset::RecordCount() const {
+  if (!rows_ || rows_->columns->empty()) return 0;
+  return rows_->cells.size() / rows_->columns->size();
+}
+
+ADODB::Fields Recordset::Fields() const {
+  if (!rows_) throw Error(failure_kind::other, "the record set is closed");
+  return {*rows_, row_};
+}
+
+}  // namespace ADODB

@@ -1,0 +1,121 @@
+#include "store/sqlite_database.h"
+
+#include <filesystem>
+
+#include "store/error.h"
+
+namespace ADODB {
+namespace {
+
+constexpr int patience_ms = 5000;
+
+bool is_busy(int code) {
+  const int primary_code = code & 0xff;
+  return primary_code == SQLITE_BUSY || primary_code == SQLITE_LOCKED;
+}
+
+failure_kind kind_of(int code) {
+  switch (code) {
+    case SQLITE_CONSTRAINT_PRIMARYKEY:
+    case SQLITE_CONSTRAINT_UNIQUE:
+    case SQLITE_CONSTRAINT_ROWID:
+      return failure_kind::refused_by_key;
+    case SQLITE_BUSY_SNAPSHOT:
+      return failure_kind::stale;
+    default:
+      return is_busy(code) ? failure_kind::busy : failure_kind::other;
+  }
+}
+
+[[noreturn]] void refuse(int code) {
+  throw Error(kind_of(code), sqlite3_errstr(code));
+}
+
+/// The name to open. An absolute one can't be taken for one of the names that SQLite gives a
+/// meaning of its own, such as ":memory:".
+std::string existing_file(const std::string& path) {
+  std::error_code failure;
+  const std::filesystem::path file = std::filesystem::absolute(path, failure);
+  const auto status = std::filesystem::status(file, failure);
+  if (std::filesystem::is_directory(status))
+    failure = std::make_error_code(std::errc::is_a_directory);
+  if (failure) throw Error(failure_kind::other, failure.message());
+  return file.string();
+}
+
+}  // namespace
+
+sqlite_database::sqlite_database(const std::string& path) {
+  try {
+    open(existing_file(path));
+  } catch (const Error& failure) {
+    throw Error(failure.kind(), path + ": " + failure.what());
+  }
+}
+
+void sqlite_database::open(const std::string& path) {
+  sqlite3* handle = nullptr;
+  const int code =
+      sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  handle_.reset(handle);
+  if (code != SQLITE_OK) refuse(code);
+  check(sqlite3_extended_result_codes(handle, 1));
+  check(sqlite3_busy_timeout(handle, patience_ms));
+  // SQLite falls back to reading where it may not write.
+  if (sqlite3_db_readonly(handle, "main") == 1) refuse(SQLITE_READONLY);
+  run("PRAGMA synchronous=FULL");
+  // The file is first read here: only now it turns out whether it is a database.
+  run("select count(*) from sqlite_schema");
+}
+
+sqlite_statement sqlite_database::prepare(std::string_view text) {
+  sqlite3_stmt* statement = nullptr;
+  const char* rest = nullptr;
+  check(sqlite3_prepare_v3(handle_.get(), text.data(), static_cast<int>(text.size()),
+                           SQLITE_PREPARE_PERSISTENT, &statement, &rest));
+  sqlite_statement prepared(statement);
+  if (!prepared) throw Error(failure_kind::other, "there is no statement to run");
+
+  const char* const end = text.data() + text.size();
+  while (rest != end) {
+    // Blanks, comments and lone semicolons prepare to nothing.
+    const int code =
+        sqlite3_prepare_v3(handle_.get(), rest, static_cast<int>(end - rest), 0, &statement, &rest);
+    const sqlite_statement second(statement);
+    if (code != SQLITE_OK || second)
+      throw Error(failure_kind::other, "there is more than one statement to run");
+  }
+  return prepared;
+}
+
+bool sqlite_database::step(sqlite3_stmt* statement) {
+  const int code = sqlite3_step(statement);
+  if (code != SQLITE_ROW && code != SQLITE_DONE) check(code);
+  return code == SQLITE_ROW;
+}
+
+void sqlite_database::run(const std::string& script) {
+  check(sqlite3_exec(handle_.get(), script.c_str(), nullptr, nullptr, nullptr));
+}
+
+std::string sqlite_database::first_cell(std::string_view statement) {
+  const sqlite_statement prepared = prepare(statement);
+  if (!step(prepared.get())) return {};
+  const unsigned char* const text = sqlite3_column_text(prepared.get(), 0);
+  return text ? reinterpret_cast<const char*>(text) : "";
+}
+
+bool sqlite_database::has_transaction() const {
+  return sqlite3_get_autocommit(handle_.get()) == 0;
+}
+
+void sqlite_database::check(int code) const {
+  if (code == SQLITE_OK) return;
+  // A transaction that has read can't wait for another program that writes: what it has read will
+  // be out of date. SQLite refuses at once, and a new transaction may wait.
+  const bool has_read = sqlite3_txn_state(handle_.get(), "main") == SQLITE_TXN_READ;
+  const failure_kind kind = is_busy(code) && has_read ? failure_kind::stale : kind_of(code);
+  throw Error(kind, sqlite3_errmsg(handle_.get()));
+}
+
+}  // namespace ADODB

@@ -1,0 +1,51 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace ADODB {
+
+struct statement_deleter {
+  void operator()(sqlite3_stmt* statement) const { sqlite3_finalize(statement); }
+};
+using sqlite_statement = std::unique_ptr<sqlite3_stmt, statement_deleter>;
+
+/// An open SQLite file. Used by one thread at a time. Every failure is an Error.
+class sqlite_database {
+ public:
+  /// Opens the existing, writable file at `path` (UTF-8) and never makes one. Full sync, and five
+  /// seconds of patience with other programs. The text of a failure begins with the path.
+  explicit sqlite_database(const std::string& path);
+
+  /// Prepares the one statement that the text holds.
+  [[nodiscard]] sqlite_statement prepare(std::string_view text);
+
+  /// Goes on with a prepared statement: true while it gives a row.
+  bool step(sqlite3_stmt* statement);
+
+  /// Runs all statements of a text and drops their rows.
+  void run(const std::string& script);
+
+  /// The first cell of the statement's first row as text; the empty text without a row.
+  [[nodiscard]] std::string first_cell(std::string_view statement);
+
+  /// Whether a transaction that was begun still lasts: a failure may have ended it.
+  [[nodiscard]] bool has_transaction() const;
+
+  /// Raises the failure that `code` stands for, with the text of the last call; returns on success.
+  void check(int code) const;
+
+ private:
+  struct closer {
+    void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
+  };
+
+  void open(const std::string& path);
+
+  std::unique_ptr<sqlite3, closer> handle_;
+};
+
+}  // namespace ADODB

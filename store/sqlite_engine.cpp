@@ -1,0 +1,165 @@
+#include "store/sqlite_engine.h"
+
+#include <memory>
+#include <utility>
+
+#include "store/ascii.h"
+#include "store/error.h"
+
+namespace ADODB {
+namespace {
+
+// Far more shapes than the system has; only texts with something unusual in them come near it.
+constexpr std::size_t kept_statements = 256;
+
+void use_wal_mode(sqlite_database& database) {
+  if (database.first_cell("PRAGMA journal_mode=WAL") != "wal")
+    throw Error(failure_kind::other, "the file system can't hold a store in WAL mode");
+}
+
+/// Whatever happens to a kept statement, it ends ready for its next use: a statement left in its
+/// rows would hold the store's lock.
+class use_of {
+ public:
+  explicit use_of(sqlite3_stmt* statement) : statement_(statement) {}
+  use_of(const use_of&) = delete;
+  use_of& operator=(const use_of&) = delete;
+  ~use_of() {
+    sqlite3_reset(statement_);
+    sqlite3_clear_bindings(statement_);
+  }
+
+ private:
+  sqlite3_stmt* statement_;
+};
+
+struct binder {
+  sqlite3_stmt* statement;
+  int position;
+
+  int operator()(std::int64_t number) const {
+    return sqlite3_bind_int64(statement, position, number);
+  }
+  int operator()(double number) const { return sqlite3_bind_double(statement, position, number); }
+  // The text outlives the use of the statement, so that SQLite needs no copy.
+  int operator()(const std::string& text) const {
+    return sqlite3_bind_text64(statement, position, text.data(), text.size(), SQLITE_STATIC,
+                               SQLITE_UTF8);
+  }
+};
+
+Value cell_of(sqlite3_stmt* statement, int column, bool is_boolean) {
+  switch (sqlite3_column_type(statement, column)) {
+    case SQLITE_NULL:
+      return Value();
+    case SQLITE_INTEGER: {
+      const std::int64_t number = sqlite3_column_int64(statement, column);
+      return is_boolean ? Value(number != 0) : Value(number);
+    }
+    case SQLITE_FLOAT:
+      return Value(sqlite3_column_double(statement, column));
+    default: {
+      const auto* text = static_cast<const char*>(sqlite3_column_blob(statement, column));
+      const int size = sqlite3_column_bytes(statement, column);
+      return Value(text ? std::string(text, static_cast<std::size_t>(size)) : std::string());
+    }
+  }
+}
+
+column_names names_of(sqlite3_stmt* statement) {
+  auto names = std::make_shared<std::vector<std::string>>();
+  for (int column = 0; column < sqlite3_column_count(statement); ++column)
+    names->emplace_back(sqlite3_column_name(statement, column));
+  return names;
+}
+
+std::vector<bool> boolean_columns_of(sqlite3_stmt* statement) {
+  std::vector<bool> answers;
+  for (int column = 0; column < sqlite3_column_count(statement); ++column) {
+    const char* const type = sqlite3_column_decltype(statement, column);
+    answers.push_back(type && equal_in_any_case(type, "boolean"));
+  }
+  return answers;
+}
+
+int preparations_of(sqlite3_stmt* statement) {
+  return sqlite3_stmt_status(statement, SQLITE_STMTSTATUS_REPREPARE, 0);
+}
+
+}  // namespace
+
+sqlite_engine::sqlite_engine(const std::string& path) : database_(path) {
+  try {
+    // To SQLite a file of no length is a database, but it is the remains of something else.
+    if (database_.first_cell("PRAGMA page_count") == "0")
+      throw Error(failure_kind::other, sqlite3_errstr(SQLITE_NOTADB));
+    const bool is_store =
+        !database_.first_cell("select 1 from sqlite_schema where name='seqno'").empty();
+    if (is_store) use_wal_mode(database_);
+  } catch (const Error& failure) {
+    throw Error(failure.kind(), path + ": " + failure.what());
+  }
+}
+
+result sqlite_engine::execute(std::string_view statement) {
+  // Going on would write for good what was meant to be taken back as a whole.
+  if (in_transaction_ && !database_.has_transaction())
+    throw Error(failure_kind::other, "the transaction was taken back after a failure");
+  const statement_shape shape = lift_literals(statement, placeholder::question_mark);
+  kept_statement& kept = statement_of(shape.text);
+  const use_of use(kept.handle.get());
+  bind(kept.handle.get(), shape.literals);
+  return run(kept);
+}
+
+void sqlite_engine::begin() {
+  database_.run("BEGIN");
+  in_transaction_ = true;
+}
+
+void sqlite_engine::commit() {
+  database_.run("COMMIT");
+  in_transaction_ = false;
+}
+
+void sqlite_engine::rollback() {
+  // After a failure such as a full disk SQLite has taken everything back by itself.
+  if (database_.has_transaction()) database_.run("ROLLBACK");
+  in_transaction_ = false;
+}
+
+sqlite_engine::kept_statement& sqlite_engine::statement_of(const std::string& shape) {
+  if (const auto found = statements_.find(shape); found != statements_.end()) return found->second;
+  kept_statement fresh;
+  fresh.handle = database_.prepare(shape);
+  fresh.columns = names_of(fresh.handle.get());
+  fresh.is_boolean = boolean_columns_of(fresh.handle.get());
+  if (statements_.size() >= kept_statements) statements_.clear();
+  return statements_.emplace(shape, std::move(fresh)).first->second;
+}
+
+void sqlite_engine::bind(sqlite3_stmt* statement, const std::vector<literal>& literals) const {
+  if (static_cast<std::size_t>(sqlite3_bind_parameter_count(statement)) != literals.size())
+    throw Error(failure_kind::other, "the statement leaves a value open");
+  int position = 0;
+  for (const literal& value : literals)
+    database_.check(std::visit(binder{statement, ++position}, value));
+}
+
+result sqlite_engine::run(kept_statement& statement) {
+  sqlite3_stmt* const handle = statement.handle.get();
+  bool has_row = database_.step(handle);
+  // A changed table is noticed by the first step, which then prepares the statement anew.
+  if (const int preparations = preparations_of(handle); preparations != statement.preparations) {
+    statement.preparations = preparations;
+    statement.columns = names_of(handle);
+    statement.is_boolean = boolean_columns_of(handle);
+  }
+  result rows{statement.columns, {}};
+  for (; has_row; has_row = database_.step(handle))
+    for (std::size_t column = 0; column < rows.columns->size(); ++column)
+      rows.cells.push_back(cell_of(handle, static_cast<int>(column), statement.is_boolean[column]));
+  return rows;
+}
+
+}  // namespace ADODB

@@ -1,0 +1,370 @@
+#include "conditions/flex_grid.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QTableView>
+#include <QTest>
+#include <stdexcept>
+
+#include "harness.h"
+#include "platform/command_button.h"
+#include "platform/form.h"
+#include "platform/messages.h"
+#include "platform/native.h"
+#include "platform/text_box.h"
+
+namespace {
+
+using ta_vorlumine::VSFlexGrid;
+constexpr int value = 1;
+constexpr int method = 3;
+
+/// A dialog whose grid has a text, a hidden and a drop-down column, and keeps a blank last row.
+class flex_grid : public testing::Test {
+ protected:
+  flex_grid() {
+    window.body = platform::column({fg, ok});
+    window.on_load = [this] { fill(); };
+    window.on_close = [this] { ++closed; };
+    ok.on_click = [this] { seen_by_ok = fg.commit_edit() ? fg.TextMatrix(1, value) : "refused"; };
+    fg.on_row_check = [this] { row_check(); };
+    window.load();
+    view().window()->show();
+    activate();
+    view().setFocus();
+  }
+  ~flex_grid() override { window.unload(); }
+
+  void fill() {
+    fg.FormatString("#Rec|<比較値|sno|<比較方法");
+    fg.Editable(2);
+    fg.ColComboList(method, "#1;部分一致|#2;先頭一致|#3;完全一致");
+    fg.ColHidden(0, true);
+    fg.ColHidden(2, true);
+    fg.AddItem("\tabc\t1\t2");
+    fg.AddItem("\txyz\t2\t1");
+    fg.AddItem("");
+  }
+
+  void activate() {
+    view().window()->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(view().window()));
+  }
+
+  void answering(const std::string& message, const std::function<void()>& deed) {
+    harness::user().message(message).during(deed);
+    activate();
+  }
+
+  void row_check() {
+    checked.push_back(fg.Row());
+    const int row = fg.Row();
+    if (row == -1) {
+      if (fg.Rows() == 1) fg.AddItem("");
+      return;
+    }
+    const bool whole = !fg.TextMatrix(row, value).empty() && !fg.TextMatrix(row, method).empty();
+    if (!whole && row != fg.Rows() - 1) fg.RemoveItem(row);
+    if (whole && row == fg.Rows() - 1) fg.AddItem("");
+    fg.ColWidth(value, 2400);
+  }
+
+  void refuse_texts_longer_than(std::size_t length) {
+    fg.on_validate_edit = [this, length](int, int col, bool& cancel) {
+      if (col != value || platform::character_count(fg.EditText()) <= length) return;
+      platform::message("too long");
+      cancel = true;
+    };
+  }
+
+  QTableView& view() { return platform::as<QTableView>(fg.peer()); }
+  QWidget& ok_button() { return *ok.peer().widget; }
+  QLineEdit& editor() { return *view().findChild<QLineEdit*>("cell_editor"); }
+  QListWidget& list() { return *view().findChild<QListWidget*>("cell_list"); }
+  bool in_edit() { return editor().isVisible(); }
+
+  static void key(Qt::Key code, Qt::KeyboardModifiers held = Qt::NoModifier) {
+    QTest::keyClick(QApplication::focusWidget(), code, held);
+  }
+  // Each key goes to where the keyboard is by then.
+  static void type(const std::string& keys) {
+    for (const char key : keys) QTest::keyClick(QApplication::focusWidget(), key);
+  }
+  static void compose(const QString& half, const QString& whole = {}) {
+    QInputMethodEvent event(half, {});
+    event.setCommitString(whole);
+    QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
+  }
+  QPoint place(int row, int col) {
+    return view().visualRect(view().model()->index(row - 1, col)).center();
+  }
+  void click(int row, int col) {
+    QTest::mouseClick(view().viewport(), Qt::LeftButton, {}, place(row, col));
+  }
+  std::string cell() {
+    return std::to_string(fg.Row()) + "," + std::to_string(view().currentIndex().column());
+  }
+
+  platform::Form window{"dialog", "", 6000, 4000};
+  VSFlexGrid fg{window, "fg", "比較値の一覧"};
+  platform::CommandButton ok{window, "Command1", "OK", platform::CommandButton::role::standard};
+  std::vector<int> checked;
+  std::string seen_by_ok = "not pressed";
+  int closed = 0;
+};
+
+TEST_F(flex_grid, holds_what_a_record_set_brings) {
+  const harness::test_store store;
+  ADODB::Connection conn;
+  conn.Open(store.connect_string());
+  fg.DataSource(conn.Execute("select 'a',null,2.5 union all select 'b',7,3"));
+  EXPECT_EQ(fg.Rows(), 3);
+  EXPECT_EQ(fg.Row(), -1);
+  EXPECT_EQ(fg.TextMatrix(1, 0) + fg.TextMatrix(1, 1) + fg.TextMatrix(1, 2), "a");
+  EXPECT_EQ(fg.TextMatrix(2, 2) + fg.TextMatrix(1, 3), "72.5");
+  EXPECT_THROW(fg.TextMatrix(3, 1), std::runtime_error);
+  EXPECT_THROW(fg.TextMatrix(1, 4), std::runtime_error);
+  EXPECT_THROW(fg.TextMatrix(-1, 1, ""), std::runtime_error);
+  EXPECT_THROW(fg.RemoveItem(0), std::runtime_error);
+  EXPECT_THROW(fg.RemoveItem(3), std::runtime_error);
+  EXPECT_THROW(fg.Row(3), std::runtime_error);
+  EXPECT_THROW(fg.ColComboList(method, "1;word"), std::runtime_error);
+}
+
+TEST_F(flex_grid, shows_words_and_headings_to_screen_readers_and_fills_its_width) {
+  QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&view());
+  EXPECT_EQ(table->text(QAccessible::Name), "比較値の一覧");
+  QAccessibleInterface* cell = table->tableInterface()->cellAt(0, method);
+  EXPECT_EQ(cell->text(QAccessible::Name), "先頭一致");
+  EXPECT_EQ(fg.TextMatrix(1, method), "2");
+  ASSERT_EQ(cell->tableCellInterface()->columnHeaderCells().size(), 1);
+  EXPECT_EQ(cell->tableCellInterface()->columnHeaderCells()[0]->text(QAccessible::Name),
+            "比較方法");
+
+  fg.ColWidth(value, 1500);
+  EXPECT_EQ(view().columnWidth(value), 100);
+  EXPECT_EQ(view().columnWidth(value) + view().columnWidth(method), view().viewport()->width());
+  fg.ColWidth(method, 15000);
+  EXPECT_EQ(view().columnWidth(method), 1000);
+}
+
+TEST_F(flex_grid, is_filled_by_keyboard_alone) {
+  fg.Row(3);
+  type("new");
+  EXPECT_TRUE(in_edit());
+  key(Qt::Key_Return);
+  EXPECT_EQ(cell(), "3,3");
+  type("3");
+  EXPECT_EQ(fg.TextMatrix(3, value) + fg.TextMatrix(3, method), "new3");
+  ASSERT_EQ(fg.Rows(), 5) << "the row check has made the next blank row";
+  key(Qt::Key_Return);
+  EXPECT_EQ(cell(), "4,1");
+  key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(cell(), "3,3");
+  key(Qt::Key_Up);
+  EXPECT_EQ(cell(), "2,3");
+  EXPECT_EQ(checked.back(), 2);
+  EXPECT_EQ(seen_by_ok, "not pressed") << "Enter is the grid's, not the standard button's";
+}
+
+TEST_F(flex_grid, tells_typing_over_a_cell_from_editing_it) {
+  fg.Row(1);
+  key(Qt::Key_F2);
+  type("d");
+  key(Qt::Key_Down);
+  EXPECT_EQ(fg.TextMatrix(1, value), "abcd");
+  EXPECT_EQ(cell(), "2,1");
+  type("q");
+  key(Qt::Key_Escape);
+  EXPECT_EQ(fg.TextMatrix(2, value), "xyz");
+  EXPECT_EQ(closed, 0);
+  key(Qt::Key_Escape);
+  EXPECT_EQ(closed, 1) << "without an edit Esc is the dialog's";
+}
+
+TEST_F(flex_grid, lets_the_keyboard_out_at_both_ends) {
+  fg.Row(3);
+  key(Qt::Key_Tab);
+  type("1");
+  fg.TextMatrix(3, method, "");
+  key(Qt::Key_Tab);
+  EXPECT_EQ(window.active_control(), "Command1");
+  fg.Row(-1);
+  key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(cell(), "1,1");
+  type("edited");
+  key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(window.active_control(), "Command1");
+  EXPECT_EQ(fg.TextMatrix(1, value), "edited");
+}
+
+TEST_F(flex_grid, keeps_a_refused_cell_in_edit_whatever_would_take_it) {
+  refuse_texts_longer_than(3);
+  fg.Row(1);
+  type("long");
+  const std::vector<std::function<void()>> deeds{
+      [] { key(Qt::Key_Return); }, [] { key(Qt::Key_Tab); },
+      [this] { QTest::mouseClick(&ok_button(), Qt::LeftButton); }, [this] { click(2, method); },
+      [this] { EXPECT_FALSE(fg.commit_edit()); }};
+  for (const auto& deed : deeds) {
+    answering("too long", deed);
+    EXPECT_TRUE(in_edit() && editor().hasFocus());
+    EXPECT_EQ(cell(), "1,1");
+  }
+  EXPECT_EQ(seen_by_ok, "not pressed");
+  EXPECT_EQ(fg.TextMatrix(1, value), "abc");
+  key(Qt::Key_Backspace);
+  QTest::mouseClick(&ok_button(), Qt::LeftButton);
+  EXPECT_EQ(seen_by_ok, "lon") << "a click that is not refused counts, and finds the text taken";
+}
+
+TEST_F(flex_grid, takes_what_the_validation_puts_in_its_place) {
+  fg.on_validate_edit = [this](int, int, bool&) {
+    platform::message("no date");
+    fg.EditText("2005/01/31");
+  };
+  fg.Row(1);
+  type("soon");
+  answering("no date", [this] { QTest::mouseClick(&ok_button(), Qt::LeftButton); });
+  EXPECT_EQ(fg.TextMatrix(1, value), "2005/01/31");
+  EXPECT_FALSE(in_edit());
+  EXPECT_EQ(seen_by_ok, "not pressed") << "the release of the press went to the message";
+
+  view().setFocus();
+  fg.on_validate_edit = [](int, int, bool&) { throw std::runtime_error("broken"); };
+  type("x");
+  answering("broken", [] { key(Qt::Key_Return); });
+  EXPECT_TRUE(in_edit());
+}
+
+TEST_F(flex_grid, counts_characters_and_cuts_what_is_too_much) {
+  fg.EditMaxLength(3);
+  fg.Row(1);
+  QGuiApplication::clipboard()->setText("😀あ\t😀い\r\n");
+  key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(fg.TextMatrix(1, value), "😀あ😀");
+  key(Qt::Key_F2);
+  key(Qt::Key_Home);
+  type("z");
+  EXPECT_EQ(fg.EditText(), "😀あ😀") << "the typed one goes, not the last one";
+  key(Qt::Key_Escape);
+  fg.TextMatrix(1, value, "stored long ago");
+  key(Qt::Key_F2);
+  type("x");
+  EXPECT_TRUE(fg.commit_edit());
+  EXPECT_EQ(fg.TextMatrix(1, value), "stored long ago");
+}
+
+TEST_F(flex_grid, takes_input_methods_from_the_first_key) {
+  fg.Row(1);
+  compose("と");
+  compose("とう");
+  EXPECT_TRUE(view().hasFocus()) << "moving the keyboard would break the composition off";
+  compose("", "東");
+  EXPECT_TRUE(editor().hasFocus());
+  compose("きょう");
+  EXPECT_TRUE(fg.commit_edit());
+  EXPECT_EQ(fg.TextMatrix(1, value), "東きょう");
+
+  view().setFocus();
+  compose("あ");
+  compose("");
+  EXPECT_FALSE(in_edit());
+  EXPECT_EQ(fg.TextMatrix(1, value), "東きょう");
+  key(Qt::Key_Right);
+  EXPECT_FALSE(view().testAttribute(Qt::WA_InputMethodEnabled));
+  compose("", "３");
+  EXPECT_EQ(fg.TextMatrix(1, method), "3");
+}
+
+TEST_F(flex_grid, opens_drop_downs_with_one_click_and_texts_with_the_second) {
+  click(2, value);
+  EXPECT_EQ(cell(), "2,1");
+  EXPECT_FALSE(in_edit());
+  click(2, value);
+  EXPECT_TRUE(in_edit());
+  type("!");
+  click(1, method);
+  EXPECT_TRUE(fg.TextMatrix(2, value).find('!') != std::string::npos);
+  ASSERT_TRUE(list().isVisible());
+  EXPECT_EQ(list().currentItem()->text(), "先頭一致");
+  QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
+                    list().visualItemRect(list().item(2)).center());
+  EXPECT_EQ(fg.TextMatrix(1, method), "3");
+  EXPECT_FALSE(list().isVisible());
+  click(1, value);
+  QTest::mouseDClick(view().viewport(), Qt::LeftButton, {}, place(1, value));
+  QTest::mouseRelease(view().viewport(), Qt::LeftButton, {}, place(1, value));
+  EXPECT_TRUE(in_edit());
+}
+
+TEST_F(flex_grid, picks_from_the_list_by_keys) {
+  fg.Row(1);
+  key(Qt::Key_Tab);
+  key(Qt::Key_Down, Qt::AltModifier);
+  key(Qt::Key_Down);
+  key(Qt::Key_Return);
+  EXPECT_EQ(fg.TextMatrix(1, method), "3");
+  key(Qt::Key_Space);
+  key(Qt::Key_Up);
+  key(Qt::Key_Escape);
+  EXPECT_EQ(fg.TextMatrix(1, method), "3");
+  EXPECT_EQ(closed, 0);
+  key(Qt::Key_F2);
+  type("1");
+  EXPECT_EQ(fg.TextMatrix(1, method), "1");
+
+  fg.on_validate_edit = [this](int, int, bool& cancel) { cancel = fg.EditText() == "先頭一致"; };
+  type("2");
+  EXPECT_EQ(fg.TextMatrix(1, method), "1");
+  EXPECT_TRUE(list().isVisible()) << "a refused choice is made again";
+}
+
+TEST_F(flex_grid, stands_rows_that_come_and_go_in_the_row_check) {
+  fg.Row(1);
+  key(Qt::Key_Delete);
+  EXPECT_EQ(fg.Rows(), 3) << "the emptied row went";
+  EXPECT_EQ(fg.TextMatrix(1, value), "xyz");
+  key(Qt::Key_Backspace);
+  key(Qt::Key_Return);
+  EXPECT_EQ(fg.Rows(), 2);
+  EXPECT_EQ(cell(), "1,1") << "nothing is skipped";
+
+  fg.RemoveItem(1);
+  checked.clear();
+  QTest::mouseClick(view().viewport(), Qt::LeftButton, {}, QPoint(20, 60));
+  EXPECT_EQ(checked, std::vector<int>{-1});
+  EXPECT_EQ(fg.Rows(), 2);
+  fg.RemoveItem(1);
+  ok_button().setFocus();
+  key(Qt::Key_Backtab, Qt::ShiftModifier);
+  EXPECT_EQ(fg.Rows(), 2) << "the keyboard finds a row too";
+  type("typed");
+  fg.AddItem("");
+  fg.RemoveItem(2);
+  EXPECT_TRUE(in_edit());
+  fg.RemoveItem(1);
+  EXPECT_FALSE(in_edit());
+  EXPECT_TRUE(fg.commit_edit());
+}
+
+TEST_F(flex_grid, begins_anew_with_each_load_and_shows_a_failing_row_check) {
+  fg.EditMaxLength(1);
+  window.unload();
+  window.load();
+  view().window()->show();
+  activate();
+  view().setFocus();
+  fg.on_row_check = [] { throw std::runtime_error("store gone"); };
+  type("long");
+  answering("store gone", [this] { EXPECT_TRUE(fg.commit_edit()); });
+  EXPECT_EQ(fg.TextMatrix(1, value), "long");
+}
+
+}  // namespace

@@ -1,0 +1,285 @@
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "harness.h"
+#include "store/key_counters.h"
+#include "store/sql.h"
+#include "store_failure.h"
+
+using namespace ADODB;
+
+namespace {
+
+std::string content_of(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+void write(const std::filesystem::path& file, const std::string& content) {
+  std::ofstream(file, std::ios::binary) << content;
+}
+
+void run_apart(const std::filesystem::path& file, const char* script) {
+  sqlite3* database = nullptr;
+  ASSERT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(database, script, nullptr, nullptr, nullptr), SQLITE_OK);
+  sqlite3_close(database);
+}
+
+/// File modes don't bind root: a test of them goes on as somebody else meanwhile.
+class without_rights {
+ public:
+  without_rights() {
+    if (::geteuid() == 0 && ::seteuid(65534) != 0) throw std::runtime_error("seteuid");
+  }
+  without_rights(const without_rights&) = delete;
+  without_rights& operator=(const without_rights&) = delete;
+  ~without_rights() {
+    if (::seteuid(::getuid()) != 0) std::abort();
+  }
+};
+
+class StoreEngine : public testing::Test {
+ protected:
+  StoreEngine() { connection.Open(store.connect_string()); }
+
+  [[nodiscard]] std::filesystem::path file(const char* name) const { return store.folder() / name; }
+
+  harness::test_store store;
+  Connection connection;
+};
+
+TEST_F(StoreEngine, OpenFailsOnWhatIsNoStoreAndMakesNothing) {
+  Connection other;
+  write(file("text"), std::string(5000, 'x'));
+  write(file("empty"), "");
+  std::filesystem::create_directory(file("folder"));
+  for (const char* name : {"missing", "folder", "text", "empty", "missing/a"}) {
+    const std::string path = file(name).string();
+    const Error failure = failure_of([&] { other.Open("Driver=SQLite;Database=" + path); });
+    EXPECT_TRUE(std::string(failure.what()).starts_with(path + ": ")) << failure.what();
+    EXPECT_FALSE(other.is_open());
+  }
+  EXPECT_EQ(content_of(file("text")), std::string(5000, 'x'));
+  EXPECT_EQ(content_of(file("empty")), "");
+  EXPECT_FALSE(std::filesystem::exists(file("missing")));
+  EXPECT_THROW(other.Open("Driver=SQLite;Database=:memory:"), Error);
+
+  other.Open(store.connect_string());
+  EXPECT_THROW(other.Open(store.connect_string()), Error);
+  other.Close();
+  EXPECT_THROW(other.Close(), Error);
+  EXPECT_THROW(other.Execute("select 1"), Error);
+}
+
+TEST_F(StoreEngine, OpenFailsWhereItMayOnlyRead) {
+  run_apart(file("locked.db"), "create table t(a)");
+  ::chmod(store.folder().c_str(), 0755);
+  ::chmod(file("locked.db").c_str(), 0444);
+  Connection other;
+  const without_rights meanwhile;
+  const Error failure =
+      failure_of([&] { other.Open("Driver=SQLite;Database=" + file("locked.db").string()); });
+  EXPECT_NE(std::string(failure.what()).find("locked.db: attempt to write a readonly"),
+            std::string::npos)
+      << failure.what();
+}
+
+TEST_F(StoreEngine, OpenPutsStoresIntoWalModeAndChangesNothingElse) {
+  Connection other;
+  run_apart(file("plain.db"), "create table t(a)");
+  const std::string before = content_of(file("plain.db"));
+  other.Open("Driver=SQLite;Database=" + file("plain.db").string());
+  other.Close();
+  EXPECT_EQ(content_of(file("plain.db")), before);
+
+  run_apart(file("old.db"), "create table seqno(replace, replace_m, replace_cond)");
+  other.Open("Driver=SQLite;Database=" + file("old.db").string());
+  EXPECT_EQ(other.Execute("PRAGMA journal_mode").Fields().Item(0).Value().text(), "wal");
+}
+
+TEST_F(StoreEngine, GivesBackEveryValueAsItWasWritten) {
+  std::string hundred;
+  for (int i = 0; i < 100; ++i) hundred += "あ";
+  for (const std::string& text :
+       {std::string("O'Neil '' ?1 ;--"), std::string("😀\r\n\t行"), hundred, std::string(" "),
+        std::string(), std::string("<n> %10 $1")}) {
+    connection.Execute("delete from replace");
+    connection.Execute(sql("insert into replace(replace_no,title) values(<n>,'<t>')", {1, text}));
+    EXPECT_EQ(connection.Execute("select TITLE from replace").Fields().Item("Title").Value(),
+              Value(text));
+    EXPECT_EQ(
+        connection.Execute(sql("select 1 from replace where title='<t>'", {text})).RecordCount(),
+        1U);
+  }
+  int sno = 0;
+  for (const char* number : {"0.1", "-5", "9007199254740993", "123456789.125", "null"}) {
+    // Number dialogs quote their values, copies don't: the column makes the same of both.
+    for (const std::string& form : {std::string(number), "'" + std::string(number) + "'"}) {
+      if (form == "'null'") continue;
+      connection.Execute(
+          "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,'" +
+          std::to_string(++sno) + "'," + form + ")");
+      const Value value =
+          connection.Execute(sql("select n_f_val from replace_cond where sno=<s>", {sno}))
+              .Fields()
+              .Item(0)
+              .Value();
+      EXPECT_EQ(value.is_null() ? "null" : value.text(), number);
+    }
+  }
+}
+
+TEST_F(StoreEngine, TellsBooleansFromNumbersAndNulls) {
+  store.run_all(
+      {"insert into replace_cond(replace_no,replace_cond_no,sno,use_type) values(1,1,1,'B')",
+       "insert into replace_cond(replace_no,replace_cond_no,sno,b_val) values(1,1,2,False)",
+       "update replace_cond set b_val=True where sno=2"});
+  Recordset lines = connection.Execute("select b_val,sno from replace_cond order by sno");
+  EXPECT_TRUE(lines.Fields().Item("B_VAL").Value().is_null());
+  lines.MoveNext();
+  EXPECT_EQ(lines.Fields().Item(0).Value(), Value(true));
+  EXPECT_EQ(lines.Fields().Item(1).Value(), Value(std::int64_t{2}));
+  EXPECT_THROW((void)lines.Fields().Item("s_val"), Error);
+  lines.MoveNext();
+  EXPECT_TRUE(lines.eof());
+  EXPECT_THROW((void)lines.Fields().Item(0), Error);
+  lines.Close();
+  EXPECT_TRUE(lines.eof());
+  EXPECT_THROW((void)lines.Fields(), Error);
+}
+
+TEST_F(StoreEngine, KeepsRowsOfOpenRecordSetsWhileTheyAreDeleted) {
+  for (int i = 1; i <= 3; ++i)
+    store.run(sql("insert into replace(replace_no,p_replace_no) values(<n>,<p>)", {i, i - 1}));
+  std::vector<Recordset> levels(3);
+  for (int i = 0; i < 3; ++i)
+    levels[i].Open(sql("select * from replace where p_replace_no=<p>", {i}), connection);
+  connection.Execute("delete from replace");
+  connection.Close();
+  for (int i = 0; i < 3; ++i) {
+    EXPECT_EQ(levels[i].RecordCount(), 1U);
+    EXPECT_EQ(levels[i].Fields().Item("replace_no").Value().number(), i + 1);
+  }
+}
+
+TEST_F(StoreEngine, RunsOneStatementOnly) {
+  for (const char* text : {"delete from seqno; delete from field", "delete from seqno;x",
+                           "create table t(a); create table u(a)", "delete from seqno where 1='",
+                           "delete from seqno where 1=?", "", " ; "})
+    EXPECT_THROW(connection.Execute(text), Error) << text;
+  EXPECT_EQ(store.value("select count(*) from seqno"), "1");
+  EXPECT_EQ(store.value("select count(*) from sqlite_schema where name in ('t','u')"), "0");
+  connection.Execute("update seqno set replace=7 ; ; -- done");
+  EXPECT_EQ(last_number(connection, "replace"), 7);
+}
+
+TEST_F(StoreEngine, CountsKeys) {
+  advance_number(connection, "replace_cond");
+  EXPECT_EQ(store.value("select replace||' '||replace_m||' '||replace_cond from seqno"), "0 0 1");
+  EXPECT_THROW(advance_number(connection, "replace_cond=5,replace_m"), std::logic_error);
+  store.run("delete from seqno");
+  EXPECT_EQ(last_number(connection, "replace_cond"), std::nullopt);
+}
+
+TEST_F(StoreEngine, ShowsATransactionToItselfAloneAndTakesItBack) {
+  connection.BeginTrans();
+  EXPECT_THROW(connection.BeginTrans(), Error);
+  connection.Execute("update seqno set replace=5");
+  EXPECT_EQ(last_number(connection, "replace"), 5);
+  EXPECT_EQ(store.value("select replace from seqno"), "0");
+  connection.RollbackTrans();
+  EXPECT_THROW(connection.RollbackTrans(), Error);
+  EXPECT_EQ(last_number(connection, "replace"), 0);
+
+  connection.BeginTrans();
+  connection.Execute("update seqno set replace=6");
+  connection.CommitTrans();
+  connection.BeginTrans();
+  connection.Execute("update seqno set replace=7");
+  connection.Close();
+  EXPECT_EQ(store.value("select replace from seqno"), "6");
+  connection.Open(store.connect_string());
+  EXPECT_FALSE(connection.in_transaction());
+}
+
+TEST_F(StoreEngine, WritesNothingMoreInATransactionThatTheEngineTookBack) {
+  store.run("create trigger t before delete on field begin select raise(rollback, 'full'); end");
+  store.run("insert into field values('a','a','T')");
+  connection.BeginTrans();
+  connection.Execute("update seqno set replace=5");
+  EXPECT_STREQ(failure_of([&] { connection.Execute("delete from field"); }).what(), "full");
+  EXPECT_THROW(connection.Execute("update seqno set replace=6"), Error);
+  EXPECT_THROW(connection.CommitTrans(), Error);
+  connection.RollbackTrans();
+  EXPECT_EQ(store.value("select replace from seqno"), "0");
+  connection.Execute("update seqno set replace=6");
+}
+
+TEST_F(StoreEngine, TellsWhyAStatementWasRefused) {
+  const auto insert = [&](int key) {
+    connection.Execute(sql("insert into field values('<id>','name','T')", {key}));
+  };
+  insert(1);
+  EXPECT_EQ(failure_of([&] { insert(1); }).kind(), failure_kind::refused_by_key);
+  EXPECT_EQ(failure_of([&] { insert(2); }).kind(), failure_kind::refused_by_key);
+  EXPECT_EQ(failure_of([&] { connection.Execute("select * from nowhere"); }).kind(),
+            failure_kind::other);
+  // A refused statement leaves nothing behind that its next use would stumble over.
+  store.run("delete from field");
+  insert(2);
+
+  connection.BeginTrans();
+  (void)last_number(connection, "replace");
+  store.run("update seqno set replace=1");
+  EXPECT_EQ(failure_of([&] { advance_number(connection, "replace"); }).kind(), failure_kind::stale);
+  connection.RollbackTrans();
+}
+
+TEST_F(StoreEngine, WaitsForAnotherProgramSomeSecondsThenIsBusy) {
+  Connection other;
+  other.Open(store.connect_string());
+  other.BeginTrans();
+  advance_number(other, "replace");
+  // Who has read already is told at once to begin anew; who has not waits.
+  for (const bool has_read : {true, false}) {
+    connection.BeginTrans();
+    if (has_read) (void)last_number(connection, "replace");
+    const auto start = std::chrono::steady_clock::now();
+    const Error failure = failure_of([&] { advance_number(connection, "replace"); });
+    EXPECT_EQ(failure.kind(), has_read ? failure_kind::stale : failure_kind::busy);
+    EXPECT_EQ(std::chrono::steady_clock::now() - start < std::chrono::seconds(4), has_read);
+    connection.RollbackTrans();
+  }
+}
+
+TEST_F(StoreEngine, FollowsTablesThatChangeUnderAKeptStatement) {
+  store.run("insert into field values('a','b','T')");
+  const auto read = [&] { return connection.Execute("select * from field where field_id='a'"); };
+  EXPECT_EQ(read().Fields().Count(), 3U);
+  store.run("alter table field add column hidden boolean default 1");
+  EXPECT_EQ(read().Fields().Item("hidden").Value(), Value(true));
+  store.run("drop table field");
+  EXPECT_THROW(read(), Error);
+  store.run("create table field(field_id)");
+  EXPECT_TRUE(read().eof());
+}
+
+TEST_F(StoreEngine, StandsMoreShapesThanItKeeps) {
+  for (int i = 0; i < 1000; ++i)
+    EXPECT_EQ(connection.Execute("select '" + std::to_string(i) + "' as c" + std::to_string(i))
+                  .Fields()
+                  .Item("C" + std::to_string(i))
+                  .Value()
+                  .number(),
+              i);
+}
+
+}  // namespace

@@ -1,0 +1,72 @@
+#include <cstdlib>
+
+#include "harness.h"
+#include "host/embedded_scripts.h"
+#include "host/store_maker.h"
+#include "store/sql.h"
+
+namespace harness {
+
+test_store::test_store() {
+  std::string pattern = (std::filesystem::temp_directory_path() / "vorlumine_XXXXXX").string();
+  folder_ = ::mkdtemp(pattern.data());
+  rule_store::make_store((folder_ / "store.db").string(), rule_store::content::empty);
+  connection_.Open(connect_string());
+}
+
+test_store::~test_store() {
+  connection_.Close();
+  std::filesystem::remove_all(folder_);
+}
+
+std::string test_store::connect_string() const {
+  return "Driver=SQLite;Database=" + (folder_ / "store.db").string();
+}
+
+void test_store::run(std::string_view statement) { connection_.Execute(statement); }
+
+void test_store::run_all(const std::vector<std::string>& statements) {
+  for (const std::string& statement : statements) run(statement);
+}
+
+std::vector<std::string> test_store::rows(std::string_view statement) {
+  std::vector<std::string> lines;
+  ADODB::Recordset rows = connection_.Execute(statement);
+  for (; !rows.eof(); rows.MoveNext()) {
+    std::string line;
+    for (std::size_t i = 0; i < rows.Fields().Count(); ++i) {
+      const ADODB::Value& value = rows.Fields().Item(i).Value();
+      line += (i ? "|" : "") + (value.is_null() ? "null" : value.text());
+    }
+    lines.push_back(line);
+  }
+  return lines;
+}
+
+std::string test_store::value(std::string_view statement) {
+  const auto found = rows(statement);
+  return found.empty() ? "no row" : found.front();
+}
+
+void test_store::load_sample() {
+  connection_.Close();
+  for (const char* file : {"store.db", "store.db-wal", "store.db-shm"}) {
+    std::filesystem::remove(folder_ / file);
+  }
+  rule_store::make_store((folder_ / "store.db").string(), rule_store::content::sample);
+  connection_.Open(connect_string());
+}
+
+void test_store::refuse(const std::string& event, const std::string& table,
+                        const std::string& text) {
+  run("create trigger refuse_" + event + "_" + table + " before " + event + " on " + table +
+      " begin select raise(abort, '" + text + "'); end");
+}
+
+void test_store::stop_refusing() {
+  for (const std::string& name : rows("select name from sqlite_schema where type='trigger'")) {
+    run("drop trigger " + name);
+  }
+}
+
+}  // namespace harness
