@@ -20,7 +20,9 @@ class batch {
   database database_;
 };
 
-std::string text(std::int64_t number) { return std::to_string(number); }
+std::string text(std::int64_t number) {
+  return std::to_string(number);
+}
 
 std::string value_row(int definition, int rule, int parent, const std::string& type) {
   return "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,replace_title,"
@@ -32,19 +34,22 @@ std::string value_row(int definition, int rule, int parent, const std::string& t
 std::string condition_row(int rule, int parent, const std::string& type, int lines) {
   return "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,"
          "replace_cond_type,replace_cond_no) values(1," +
-         text(rule) + "," + text(parent) + ",'C','" + type + "'," +
-         (lines ? text(lines) : "null") + ")";
+         text(rule) + "," + text(parent) + ",'C','" + type + "'," + (lines ? text(lines) : "null") +
+         ")";
 }
 
 }  // namespace
 
 made_store::made_store() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "vorlumine_bench_XXXXXX").string();
+  std::string pattern =
+      (std::filesystem::temp_directory_path() / "vorlumine_bench_XXXXXX").string();
   folder_ = ::mkdtemp(pattern.data());
   rule_store::make_store((folder_ / "store.db").string(), rule_store::content::empty);
 }
 
-made_store::~made_store() { std::filesystem::remove_all(folder_); }
+made_store::~made_store() {
+  std::filesystem::remove_all(folder_);
+}
 
 std::string made_store::connect_string() const {
   return "Driver=SQLite;Database=" + (folder_ / "store.db").string();
@@ -66,8 +71,8 @@ void made_store::fill_titles(int definitions) {
   }
   for (int i = 0; i < definitions; ++i) {
     const int key = folders + 1 + i;
-    run("insert into replace values(" + text(key) + "," + text(1 + i % folders) +
-        ",'C','置換定義" + text(key) + "','備考'," + text(1 + i % 30000) + ")");
+    run("insert into replace values(" + text(key) + "," + text(1 + i % folders) + ",'C','置換定義" +
+        text(key) + "','備考'," + text(1 + i % 30000) + ")");
     for (int value = 0; i % 10 == 0 && value <= i / 10 % 3; ++value) {
       run(value_row(key, 1 + value, 0, value == 2 ? "I" : "S"));
     }
@@ -88,7 +93,8 @@ void made_store::fill_rules(int rows) {
   const int conditions = (rows - levels * 2) / (levels * 2);
   for (int level = 0; level < levels; ++level) {
     const int field = ++key;
-    run("insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id) values(1," +
+    run("insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id) "
+        "values(1," +
         text(field) + "," + text(parent) + ",'F','F1')");
     for (int i = 0; i <= conditions; ++i) {
       const bool otherwise = i == conditions;
@@ -97,7 +103,8 @@ void made_store::fill_rules(int rows) {
       run(condition_row(condition, field, otherwise ? "1" : "0", otherwise ? 0 : ++lines));
       for (int sno = 1; !otherwise && sno <= 2; ++sno) {
         run("insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_method,s_val) "
-            "values(1," + text(lines) + "," + text(sno) + ",'S',1,'文字列" + text(sno) + "')");
+            "values(1," +
+            text(lines) + "," + text(sno) + ",'S',1,'文字列" + text(sno) + "')");
       }
       if (i != 0 || level == levels - 1) run(value_row(1, ++key, condition, "S"));
     }
@@ -109,8 +116,8 @@ void made_store::add_folder(int folder, int definitions) {
   batch run(*this);
   run("insert into replace values(" + text(folder) + ",0,'F','消すフォルダ',null,0)");
   for (int i = 1; i <= definitions; ++i) {
-    run("insert into replace values(" + text(folder + i) + "," + text(folder) +
-        ",'C','消す定義" + text(i) + "',null,1)");
+    run("insert into replace values(" + text(folder + i) + "," + text(folder) + ",'C','消す定義" +
+        text(i) + "',null,1)");
     run(value_row(folder + i, 1, 0, "S"));
   }
 }

@@ -37,7 +37,8 @@ void bare_level(sqlite3* database, const std::string& parent) {
     if (is_definition) {
       bench::send(database,
                   "select replace_type,r_field_id,r_text,r_text_filename,r_image_filename,"
-                  "r_mmedia_filename from replace_m where use_type='R' and replace_no=" + key);
+                  "r_mmedia_filename from replace_m where use_type='R' and replace_no=" +
+                      key);
     }
     bare_level(database, key);
   }

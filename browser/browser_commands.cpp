@@ -71,9 +71,10 @@ void replaceForm::add_definition() {
   basAU = "5";
   const std::int16_t reserved = checked_key(getfrom_seqno("replace_m") + 1);
   f_replace_no = insert_with_new_key(*this, "replace", [&](std::int16_t key) {
-    conn.Execute(sql("INSERT INTO replace(replace_no,p_replace_no,kind,title,replace_m_no) "
-                     "VALUES( <new key>,<basNodeKey> ,'C',' ',<reserved rule key>)",
-                     {key, basNodeKey, reserved}));
+    conn.Execute(
+        sql("INSERT INTO replace(replace_no,p_replace_no,kind,title,replace_m_no) "
+            "VALUES( <new key>,<basNodeKey> ,'C',' ',<reserved rule key>)",
+            {key, basNodeKey, reserved}));
   });
   update_seqno("replace");
   f_replace_m_no = reserved;

@@ -16,9 +16,9 @@ replaceFolder::replaceFolder()
       Label1(window, "Label1", "フォルダ名", &Text1),
       Command2(window, "Command2", "OK", platform::CommandButton::role::standard),
       Command3(window, "Command3", "ｷｬﾝｾﾙ") {
-  window.body = platform::column(
-      {platform::fields({platform::row({Label1, Text1})}), platform::stretch(),
-       platform::row({platform::stretch(), Command2, Command3})});
+  window.body =
+      platform::column({platform::fields({platform::row({Label1, Text1})}), platform::stretch(),
+                        platform::row({platform::stretch(), Command2, Command3})});
   window.on_load = [this] { load(); };
   Command2.on_click = [this] { ok(); };
   Command3.on_click = [this] { window.unload(); };

@@ -20,19 +20,20 @@ class replaceForm {
  public:
   replaceForm();
 
-  platform::Form window{"replaceForm", "置換タイトル一覧", 9000, 9000, platform::Form::frame::fixed};
+  platform::Form window{"replaceForm", "置換タイトル一覧", 9000, 9000,
+                        platform::Form::frame::fixed};
   platform::ImageList imToolbar;
   platform::ImageList ImageList1;
   platform::Toolbar Toolbar1;
   SSTree SSTree1;
   platform::Label Label1;
 
-  ADODB::Connection conn;       ///< the one connection: all statements run on it
-  ADODB::Recordset basRS;       ///< scratch: the last query of whichever form asked
-  ADODB::Recordset basCopyRs;   ///< scratch: a second one
-  Node atNode;                  ///< the node last added
-  Node tmpNode;                 ///< the node last selected, in the title tree or the rule tree
-  std::string basNodeKey;       ///< its key; "0" is the root of either tree
+  ADODB::Connection conn;      ///< the one connection: all statements run on it
+  ADODB::Recordset basRS;      ///< scratch: the last query of whichever form asked
+  ADODB::Recordset basCopyRs;  ///< scratch: a second one
+  Node atNode;                 ///< the node last added
+  Node tmpNode;                ///< the node last selected, in the title tree or the rule tree
+  std::string basNodeKey;      ///< its key; "0" is the root of either tree
   /// The mode of the dialog or editor about to open: "1" new folder, "2" rename folder,
   /// "5" new definition, "6" edit definition, "8" copy definition.
   std::string basAU;
@@ -54,7 +55,8 @@ class replaceForm {
   std::int64_t getfrom_seqno(std::string_view name);
   void update_seqno(std::string_view name);
 
-  /// Deletes all rows below the row `P_ID` of `replace`, rule rows and lines included, and that row.
+  /// Deletes all rows below the row `P_ID` of `replace`, rule rows and lines included, and that
+  /// row.
   void DeleteChild(const std::string& P_ID);
 
  private:

@@ -22,12 +22,11 @@ void replaceForm::select_node(const Node& node) {
   basNodeKey = node.Key();
   tmpNode = node;
   try_step([this] {
-    basCopyRs = conn.Execute(ADODB::sql(
-        "select KIND,comment from replace where replace_no=<basNodeKey>", {basNodeKey}));
+    basCopyRs = conn.Execute(
+        ADODB::sql("select KIND,comment from replace where replace_no=<basNodeKey>", {basNodeKey}));
   });
   try_step([this] {
-    Label1.set_caption(basCopyRs.eof() ? ""
-                                       : basCopyRs.Fields().Item("comment").Value().text());
+    Label1.set_caption(basCopyRs.eof() ? "" : basCopyRs.Fields().Item("comment").Value().text());
   });
   try_step([this] {
     if (basNodeKey == "0") return enable_for_root();

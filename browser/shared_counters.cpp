@@ -10,6 +10,8 @@ std::int64_t replaceForm::getfrom_seqno(std::string_view name) {
   return last.value_or(0);
 }
 
-void replaceForm::update_seqno(std::string_view name) { ADODB::advance_number(conn, name); }
+void replaceForm::update_seqno(std::string_view name) {
+  ADODB::advance_number(conn, name);
+}
 
 }  // namespace ta_vorlumine

@@ -148,7 +148,9 @@ class tree_model : public QAbstractItemModel {
   bool hidden_ = false;
 };
 
-int shift_of(const QMouseEvent& event) { return platform::shift_state(event.modifiers()); }
+int shift_of(const QMouseEvent& event) {
+  return platform::shift_state(event.modifiers());
+}
 
 }  // namespace
 
@@ -313,8 +315,7 @@ void SSTree::tree_view::mousePressEvent(QMouseEvent* event) {
 void SSTree::tree_view::mouseMoveEvent(QMouseEvent* event) {
   if (event->buttons() == Qt::NoButton) return QTreeView::mouseMoveEvent(event);
   const QPoint place = event->position().toPoint();
-  const bool left_place =
-      (place - pressed_).manhattanLength() >= QApplication::startDragDistance();
+  const bool left_place = (place - pressed_).manhattanLength() >= QApplication::startDragDistance();
   if (!press_pending_ || !left_place || !tree_.on_mouse_move) return;
   press_pending_ = false;
   const int buttons = static_cast<int>(event->buttons());
@@ -429,30 +430,46 @@ std::unique_ptr<platform::native> SSTree::make() {
   return std::make_unique<platform::native>(made);
 }
 
-SSTree::tree_view& SSTree::view() { return platform::as<tree_view>(peer()); }
+SSTree::tree_view& SSTree::view() {
+  return platform::as<tree_view>(peer());
+}
 
-void SSTree::raise(const std::function<void()>& event) { form().guarded(event); }
+void SSTree::raise(const std::function<void()>& event) {
+  form().guarded(event);
+}
 
-Node SSTree::in_hand(const tree_node* node) { return node ? Node(*this, *node) : Node(); }
+Node SSTree::in_hand(const tree_node* node) {
+  return node ? Node(*this, *node) : Node();
+}
 
 void SSTree::set_image_list(const platform::ImageList& pictures) {
   view().model.set_pictures(pictures);
 }
 
-void SSTree::Indentation(int twips) { view().setIndentation(platform::pixels(twips)); }
+void SSTree::Indentation(int twips) {
+  view().setIndentation(platform::pixels(twips));
+}
 
-void SSTree::UniformRows(bool uniform) { view().setUniformRowHeights(uniform); }
+void SSTree::UniformRows(bool uniform) {
+  view().setUniformRowHeights(uniform);
+}
 
-void SSTree::Redraw(bool on) { view().redraw(on); }
+void SSTree::Redraw(bool on) {
+  view().redraw(on);
+}
 
 Node SSTree::SelectedItem() {
   const QModelIndexList selected = view().selectionModel()->selectedIndexes();
   return selected.isEmpty() ? Node() : in_hand(tree_model::node_at(selected.constFirst()));
 }
 
-void SSTree::SelectedItem(const Node& node) { view().select(node.is_empty() ? nullptr : &node.get()); }
+void SSTree::SelectedItem(const Node& node) {
+  view().select(node.is_empty() ? nullptr : &node.get());
+}
 
-Node SSTree::TopNode() { return VisibleNode(1); }
+Node SSTree::TopNode() {
+  return VisibleNode(1);
+}
 
 void SSTree::TopNode(const Node& node) {
   if (view().model.hidden()) {
@@ -462,7 +479,9 @@ void SSTree::TopNode(const Node& node) {
   }
 }
 
-Node SSTree::DropHighlight() { return in_hand(drop_highlight_.lock().get()); }
+Node SSTree::DropHighlight() {
+  return in_hand(drop_highlight_.lock().get());
+}
 
 void SSTree::DropHighlight(const Node& node) {
   drop_highlight_ = node.node_;
@@ -478,13 +497,18 @@ std::size_t SSTree::VisibleCount() {
 Node SSTree::VisibleNode(std::size_t number) {
   QModelIndex index = view().indexAt(QPoint(1, 1));
   for (; number > 1 && index.isValid(); --number) index = view().indexBelow(index);
-  if (!index.isValid() || !view().viewport()->rect().intersects(view().visualRect(index))) return {};
+  if (!index.isValid() || !view().viewport()->rect().intersects(view().visualRect(index)))
+    return {};
   return in_hand(tree_model::node_at(index));
 }
 
-Node SSTree::HitTest(int x, int y) { return in_hand(view().node_at(QPoint(x, y))); }
+Node SSTree::HitTest(int x, int y) {
+  return in_hand(view().node_at(QPoint(x, y)));
+}
 
-void SSTree::Drag(const Node& node) { view().drag(node.get()); }
+void SSTree::Drag(const Node& node) {
+  view().drag(node.get());
+}
 
 tree_node& SSTree::insert(tree_node& parent, std::string_view key, std::string_view text,
                           std::string_view tag) {
@@ -494,9 +518,13 @@ tree_node& SSTree::insert(tree_node& parent, std::string_view key, std::string_v
   return view().model.insert(parent, key, text, tag);
 }
 
-void SSTree::remove(tree_node& node) { view().remove(node); }
+void SSTree::remove(tree_node& node) {
+  view().remove(node);
+}
 
-void SSTree::move(tree_node& node, tree_node& parent) { view().model.move(node, parent); }
+void SSTree::move(tree_node& node, tree_node& parent) {
+  view().model.move(node, parent);
+}
 
 void SSTree::clear() {
   const bool drawn = !view().model.hidden();
@@ -506,7 +534,9 @@ void SSTree::clear() {
   if (drawn) Redraw(true);
 }
 
-void SSTree::show_appearance(const tree_node& node) { view().model.show_change(node); }
+void SSTree::show_appearance(const tree_node& node) {
+  view().model.show_change(node);
+}
 
 void SSTree::show_expansion(const tree_node& node) {
   if (!view().model.hidden()) view().setExpanded(view().model.index_of(node), node.expanded);

@@ -120,7 +120,8 @@ class SSTree : public platform::Control {
   std::function<void(const Node&)> on_node_click;
   /// The node was double-clicked, or Enter was pressed on it.
   std::function<void(const Node&)> on_node_open;
-  /// `button` and `buttons`: 1 left, 2 right, 4 middle, and their sums; `shift` as in platform::Form.
+  /// `button` and `buttons`: 1 left, 2 right, 4 middle, and their sums; `shift` as in
+  /// platform::Form.
   std::function<void(int button, int shift, int x, int y)> on_mouse_down;
   /// With a button held, once the pointer has left the place of the press.
   std::function<void(int buttons, int shift, int x, int y)> on_mouse_move;

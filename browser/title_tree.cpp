@@ -35,8 +35,9 @@ void replaceForm::init_form() {
 void replaceForm::load_title_children(std::int32_t parent) {
   try {
     ADODB::Recordset rows;
-    rows.Open(sql("SELECT * FROM REPLACE WHERE P_REPLACE_NO = <p_val> ORDER BY REPLACE_NO", {parent}),
-              conn);
+    rows.Open(
+        sql("SELECT * FROM REPLACE WHERE P_REPLACE_NO = <p_val> ORDER BY REPLACE_NO", {parent}),
+        conn);
     for (; !rows.eof(); rows.MoveNext()) {
       add_title_node(rows.Fields());
       load_title_children(

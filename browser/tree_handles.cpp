@@ -22,7 +22,9 @@ void Node::Text(std::string_view text) const {
   tree_->show_appearance(get());
 }
 
-void Node::Tag(std::string_view tag) const { get().tag = tag; }
+void Node::Tag(std::string_view tag) const {
+  get().tag = tag;
+}
 
 void Node::Font(bool bold, int size) const {
   get().bold = bold;
@@ -52,7 +54,9 @@ void Node::Expanded(bool expanded) const {
   tree_->show_expansion(node);
 }
 
-Node Node::parent() const { return relative(get().parent); }
+Node Node::parent() const {
+  return relative(get().parent);
+}
 
 void Node::parent(const Node& parent) const {
   for (const tree_node* above = &parent.get(); above; above = above->parent) {
@@ -77,7 +81,9 @@ Node Node::Previous() const {
   return relative(node.row > 0 ? node.parent->children[node.row - 1].get() : nullptr);
 }
 
-Node Node::LastSibling() const { return relative(get().parent->children.back().get()); }
+Node Node::LastSibling() const {
+  return relative(get().parent->children.back().get());
+}
 
 Node Node::Root() const {
   const tree_node* node = &get();
@@ -85,9 +91,13 @@ Node Node::Root() const {
   return relative(node);
 }
 
-void node_collection::Clear() { tree_.clear(); }
+void node_collection::Clear() {
+  tree_.clear();
+}
 
-std::size_t node_collection::Count() const { return tree_.nodes_.count(); }
+std::size_t node_collection::Count() const {
+  return tree_.nodes_.count();
+}
 
 bool node_collection::Has(std::string_view key) const {
   return tree_.nodes_.find(key) != nullptr;
@@ -114,8 +124,12 @@ Node node_collection::AddChild(std::string_view relative, std::string_view key,
   return tree_.in_hand(&tree_.insert(Item(relative).get(), key, text, tag));
 }
 
-void node_collection::Remove(std::string_view key) { tree_.remove(Item(key).get()); }
+void node_collection::Remove(std::string_view key) {
+  tree_.remove(Item(key).get());
+}
 
-void node_collection::Remove(std::size_t position) { tree_.remove(Item(position).get()); }
+void node_collection::Remove(std::size_t position) {
+  tree_.remove(Item(position).get());
+}
 
 }  // namespace ta_vorlumine

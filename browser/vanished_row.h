@@ -10,7 +10,8 @@ namespace ta_vorlumine {
 class vanished_row : public std::runtime_error {
  public:
   vanished_row()
-      : std::runtime_error("対象の行は他のプログラムによって削除されています。一覧を読み直します。") {}
+      : std::runtime_error(
+            "対象の行は他のプログラムによって削除されています。一覧を読み直します。") {}
 };
 
 /// Raises vanished_row unless `replace` holds the row.

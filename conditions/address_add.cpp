@@ -62,9 +62,9 @@ address_add::address_add()
       Combo1(window, "Combo1"),
       Command1(window, "Command1", "OK", platform::CommandButton::role::standard),
       Command2(window, "Command2", "ｷｬﾝｾﾙ") {
-  window.body = platform::column({platform::fields({platform::row({Label1, Combo1})}),
-                                  platform::stretch(),
-                                  platform::row({platform::stretch(), Command1, Command2})});
+  window.body =
+      platform::column({platform::fields({platform::row({Label1, Combo1})}), platform::stretch(),
+                        platform::row({platform::stretch(), Command1, Command2})});
   window.on_load = [this] { load(); };
   window.on_unload = [] { form<replace_create>().Init_ToolBar(); };
   Command1.on_click = [this] { ok(); };

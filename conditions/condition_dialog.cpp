@@ -39,8 +39,8 @@ condition_dialog::condition_dialog(std::string name, condition_lines kind)
 void condition_dialog::load_lines() {
   auto& editor = form<replace_create>();
   const std::int16_t definition = form<replaceForm>().f_replace_no;
-  fg.DataSource(form<replaceForm>().conn.Execute(
-      sql(kind_.select, {definition, editor.f_replace_cond_no})));
+  fg.DataSource(
+      form<replaceForm>().conn.Execute(sql(kind_.select, {definition, editor.f_replace_cond_no})));
   fg.FormatString(kind_.format);
   fg.Cols(first_value_column + static_cast<int>(kind_.widths.size()));
   fg.Editable(2);

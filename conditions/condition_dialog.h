@@ -18,11 +18,11 @@ using line_cells = std::vector<std::string>;
 
 /// What tells one kind of condition dialog from another.
 struct condition_lines {
-  std::string use_type;           ///< the letter of the lines
-  std::string format;             ///< headings of the grid
-  std::vector<int> widths;        ///< of the columns from 5 on, in twips
-  std::vector<std::string> lists; ///< drop-downs of the columns from 5 on, empty for typed text
-  std::string select;             ///< reads the lines, with places for definition and condition
+  std::string use_type;            ///< the letter of the lines
+  std::string format;              ///< headings of the grid
+  std::vector<int> widths;         ///< of the columns from 5 on, in twips
+  std::vector<std::string> lists;  ///< drop-downs of the columns from 5 on, empty for typed text
+  std::string select;              ///< reads the lines, with places for definition and condition
 
   /// The row check takes such a row for one that the user has emptied.
   std::function<bool(const line_cells&)> is_emptied;

@@ -14,10 +14,10 @@ using platform::form;
 void require_condition_stands() {
   auto& shared = form<replaceForm>();
   require_title_row(std::to_string(shared.f_replace_no));
-  const ADODB::Recordset node = shared.conn.Execute(
-      sql("select use_type from replace_m where replace_m_no=<basNodeKey> "
-          "and replace_no=<f_replace_no>",
-          {shared.basNodeKey, shared.f_replace_no}));
+  const ADODB::Recordset node =
+      shared.conn.Execute(sql("select use_type from replace_m where replace_m_no=<basNodeKey> "
+                              "and replace_no=<f_replace_no>",
+                              {shared.basNodeKey, shared.f_replace_no}));
   if (node.eof()) throw vanished_row();
 }
 
@@ -30,13 +30,13 @@ void renew_condition_number() {
 // Keys of rule rows may coincide between definitions, and the first count takes them all.
 std::int64_t count_children() {
   auto& shared = form<replaceForm>();
-  shared.basRS = shared.conn.Execute(sql(
-      "select count(*) from replace_m where p_replace_m_no=<basNodeKey>", {shared.basNodeKey}));
-  if (shared.basRS.Fields().Item(0).Value().number() == 0) return 0;
   shared.basRS = shared.conn.Execute(
-      sql("select count(*) from replace_m where p_replace_m_no=<basNodeKey> "
-          "and replace_no=<f_replace_no>",
-          {shared.basNodeKey, shared.f_replace_no}));
+      sql("select count(*) from replace_m where p_replace_m_no=<basNodeKey>", {shared.basNodeKey}));
+  if (shared.basRS.Fields().Item(0).Value().number() == 0) return 0;
+  shared.basRS =
+      shared.conn.Execute(sql("select count(*) from replace_m where p_replace_m_no=<basNodeKey> "
+                              "and replace_no=<f_replace_no>",
+                              {shared.basNodeKey, shared.f_replace_no}));
   return shared.basRS.Fields().Item(0).Value().number();
 }
 

@@ -38,6 +38,12 @@ bool moves_forward(const QKeyEvent& enter) {
   return !enter.modifiers().testFlag(Qt::ShiftModifier);
 }
 
+// With many rows the last cell is far for whoever wants to Tab out of the grid.
+bool is_way_out(const QKeyEvent& key) {
+  return key.modifiers().testFlag(Qt::ControlModifier) &&
+         (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab);
+}
+
 class table_view : public QTableView, public grid_view {
  public:
   table_view(grid_cells& cells, const grid_edit::events& events);
@@ -188,6 +194,10 @@ void table_view::keyPressEvent(QKeyEvent* event) {
     return;
   }
   if (event->key() == Qt::Key_Escape) return event->ignore();
+  if (is_way_out(*event)) {
+    QTableView::focusNextPrevChild(event->key() == Qt::Key_Tab);
+    return;
+  }
   if (cells_.rows() == 1) check_row();
   const QModelIndex cell = currentIndex();
   if (edit_.enabled && cell.isValid() && key_on_cell(*event, place_of(cell))) return;
@@ -220,7 +230,7 @@ bool table_view::key_on_cell(const QKeyEvent& key, cell_place cell) {
 bool table_view::key_in_editor(QKeyEvent& key) {
   if (is_enter(key)) {
     if (leave_edit()) move_on(moves_forward(key));
-  } else if (key.key() == Qt::Key_Up || key.key() == Qt::Key_Down) {
+  } else if (key.key() == Qt::Key_Up || key.key() == Qt::Key_Down || is_way_out(key)) {
     if (leave_edit()) keyPressEvent(&key);
   } else if (key.key() == Qt::Key_Escape) {
     edit_.drop();

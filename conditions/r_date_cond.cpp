@@ -8,9 +8,10 @@ namespace ta_vorlumine {
 namespace {
 
 const range_statements statements{
-    .select = "select replace_no,replace_cond_no,sno,use_type,d_f_val,d_f_method,d_t_val,"
-              "d_t_method from replace_cond where replace_no=<f_replace_no> and "
-              "replace_cond_no=<f_replace_cond_no> and use_type='D'",
+    .select =
+        "select replace_no,replace_cond_no,sno,use_type,d_f_val,d_f_method,d_t_val,"
+        "d_t_method from replace_cond where replace_no=<f_replace_no> and "
+        "replace_cond_no=<f_replace_cond_no> and use_type='D'",
     .insert_both =
         "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,d_f_val,d_f_method,"
         "d_t_val,d_t_method) values(<cell 1>,<cell 2>,<cell 3>,'<cell 4>','<cell 5>','<cell 6>',"

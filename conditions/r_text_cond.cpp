@@ -11,7 +11,9 @@ constexpr int value = 5;
 constexpr int method = 6;
 constexpr std::size_t longest_value = 100;
 
-bool is_complete(const line_cells& row) { return !row[value].empty() && !row[method].empty(); }
+bool is_complete(const line_cells& row) {
+  return !row[value].empty() && !row[method].empty();
+}
 
 std::string insert(const line_cells& row) {
   if (!is_complete(row)) return {};

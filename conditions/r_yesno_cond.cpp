@@ -37,9 +37,9 @@ r_yesno_cond::r_yesno_cond()
       Label1(window, "Label1", {}, &Combo1),
       Command1(window, "Command1", "OK"),
       Command2(window, "Command2", "ｷｬﾝｾﾙ") {
-  window.body = platform::column({platform::fields({platform::row({Label1, Combo1})}),
-                                  platform::stretch(),
-                                  platform::row({platform::stretch(), Command1, Command2})});
+  window.body =
+      platform::column({platform::fields({platform::row({Label1, Combo1})}), platform::stretch(),
+                        platform::row({platform::stretch(), Command1, Command2})});
   window.on_load = [this] { load(); };
   window.on_unload = [this] { transaction_.end(); };
   Command1.on_click = [this] { ok(); };

@@ -40,8 +40,9 @@ bool is_emptied(const line_cells& row) {
 
 condition_lines range_lines(const std::string& use_type, const range_statements& statements) {
   return {.use_type = use_type,
-          .format = "#Rec|replace_no|replace_cond_no|sno|use_type|<比較値(FROM)|<比較方法|"
-                    "<比較値(TO)|<比較方法",
+          .format =
+              "#Rec|replace_no|replace_cond_no|sno|use_type|<比較値(FROM)|<比較方法|"
+              "<比較値(TO)|<比較方法",
           .widths = {1500, 1500, 1500, 1500},
           .lists = {"", "#1;から|#2;から（含まない）", "", "#1;まで|#2;まで（含まない）"},
           .select = statements.select,

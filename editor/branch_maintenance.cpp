@@ -54,14 +54,15 @@ void replace_create::DeleteChild(const std::string& P_ID) {
 
 void replace_create::delete_from_cond(std::int32_t replace_no, std::int32_t p_replace_m_no) {
   auto& conn = form<replaceForm>().conn;
-  ADODB::Recordset count = conn.Execute(
-      sql("select count(*) from replace_m where replace_no=<replace_no> "
-          "and p_replace_m_no=<p_replace_m_no>",
-          {replace_no, p_replace_m_no}));
+  ADODB::Recordset count =
+      conn.Execute(sql("select count(*) from replace_m where replace_no=<replace_no> "
+                       "and p_replace_m_no=<p_replace_m_no>",
+                       {replace_no, p_replace_m_no}));
   if (!count.eof() && count.Fields().Item(0).Value().number() == 1) {
-    conn.Execute(sql("delete from replace_m where replace_no=<replace_no> "
-                     "and p_replace_m_no=<p_replace_m_no>",
-                     {replace_no, p_replace_m_no}));
+    conn.Execute(
+        sql("delete from replace_m where replace_no=<replace_no> "
+            "and p_replace_m_no=<p_replace_m_no>",
+            {replace_no, p_replace_m_no}));
   }
   count.Close();
 }

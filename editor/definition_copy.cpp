@@ -98,10 +98,9 @@ void replace_create::copy_replace_row(std::int32_t source, std::int32_t key,
   row.Open(ADODB::sql("SELECT * FROM REPLACE WHERE REPLACE_NO = <source>", {source}),
            form<replaceForm>().conn);
   if (row.eof()) throw vanished_row();
-  form<replaceForm>().conn.Execute(
-      fill_template(definition_row, {std::to_string(key), value_or_null(row, "P_REPLACE_NO"),
-                                     value(row, "KIND"), value(row, "TITLE"),
-                                     value(row, "COMMENT"), std::to_string(first_rule)}));
+  form<replaceForm>().conn.Execute(fill_template(
+      definition_row, {std::to_string(key), value_or_null(row, "P_REPLACE_NO"), value(row, "KIND"),
+                       value(row, "TITLE"), value(row, "COMMENT"), std::to_string(first_rule)}));
   row.Close();
 }
 
@@ -117,32 +116,31 @@ std::int64_t replace_create::copy_rule_row(const ADODB::Recordset& rule, copy_nu
     condition = std::to_string(numbers.next_condition++);
   }
   form<replaceForm>().conn.Execute(fill_template(
-      rule_row,
-      {std::to_string(number), std::to_string(parent == 0 ? 0 : parent + numbers.offset),
-       value(rule, "USE_TYPE"), value(rule, "FIELD_ID"), GetRecordNum(rule, "REPLACE_COND_TYPE"),
-       condition, value(rule, "REPLACE_TITLE"), value(rule, "REPLACE_TYPE"),
-       value(rule, "R_FIELD_ID"), value(rule, "R_TEXT"), value(rule, "R_TEXT_FILENAME"),
-       value(rule, "R_IMAGE_FILENAME"), value(rule, "R_MMEDIA_FILENAME"),
-       std::to_string(numbers.definition)}));
+      rule_row, {std::to_string(number), std::to_string(parent == 0 ? 0 : parent + numbers.offset),
+                 value(rule, "USE_TYPE"), value(rule, "FIELD_ID"),
+                 GetRecordNum(rule, "REPLACE_COND_TYPE"), condition, value(rule, "REPLACE_TITLE"),
+                 value(rule, "REPLACE_TYPE"), value(rule, "R_FIELD_ID"), value(rule, "R_TEXT"),
+                 value(rule, "R_TEXT_FILENAME"), value(rule, "R_IMAGE_FILENAME"),
+                 value(rule, "R_MMEDIA_FILENAME"), std::to_string(numbers.definition)}));
   return number;
 }
 
 // Condition numbers of two definitions may coincide: only the source's own lines are carried.
 void replace_create::copy_cond_rows(std::int64_t condition, const copy_numbers& numbers) {
   ADODB::Recordset line;
-  line.Open(ADODB::sql("SELECT * FROM REPLACE_COND WHERE REPLACE_COND_NO = <condition>", {condition}),
-            form<replaceForm>().conn);
+  line.Open(
+      ADODB::sql("SELECT * FROM REPLACE_COND WHERE REPLACE_COND_NO = <condition>", {condition}),
+      form<replaceForm>().conn);
   for (; !line.eof(); line.MoveNext()) {
     if (whole(line, "REPLACE_NO") != numbers.source) continue;
     form<replaceForm>().conn.Execute(fill_template(
-        line_row,
-        {std::to_string(numbers.next_condition), GetRecordNum(line, "SNO"),
-         value(line, "USE_TYPE"), value_or_null(line, "S_METHOD"), value(line, "S_VAL"),
-         value_or_null(line, "D_F_METHOD"), date_bound(line, "D_F_VAL"),
-         value_or_null(line, "D_T_METHOD"), date_bound(line, "D_T_VAL"),
-         value_or_null(line, "N_F_METHOD"), GetRecordNum(line, "N_F_VAL"),
-         value_or_null(line, "N_T_METHOD"), GetRecordNum(line, "N_T_VAL"),
-         value_or_null(line, "B_VAL"), std::to_string(numbers.definition)}));
+        line_row, {std::to_string(numbers.next_condition), GetRecordNum(line, "SNO"),
+                   value(line, "USE_TYPE"), value_or_null(line, "S_METHOD"), value(line, "S_VAL"),
+                   value_or_null(line, "D_F_METHOD"), date_bound(line, "D_F_VAL"),
+                   value_or_null(line, "D_T_METHOD"), date_bound(line, "D_T_VAL"),
+                   value_or_null(line, "N_F_METHOD"), GetRecordNum(line, "N_F_VAL"),
+                   value_or_null(line, "N_T_METHOD"), GetRecordNum(line, "N_T_VAL"),
+                   value_or_null(line, "B_VAL"), std::to_string(numbers.definition)}));
   }
   line.Close();
 }
@@ -162,7 +160,8 @@ void replace_create::write_counters(const copy_numbers& numbers, std::int64_t la
 void replace_create::delete_copy(std::int64_t definition) {
   try {
     auto& conn = form<replaceForm>().conn;
-    conn.Execute(ADODB::sql("delete from replace_cond where replace_no=<replace_no>", {definition}));
+    conn.Execute(
+        ADODB::sql("delete from replace_cond where replace_no=<replace_no>", {definition}));
     conn.Execute(ADODB::sql("delete from replace_m where replace_no=<replace_no>", {definition}));
     conn.Execute(ADODB::sql("Delete from replace where replace_no=<replace_no>", {definition}));
   } catch (const std::exception&) {

@@ -30,6 +30,7 @@ replace_create::replace_create()
   window.body = platform::column(
       {Toolbar1, platform::fields({platform::row({Label1, Text1}), platform::row({Label2, Text2})}),
        SSTree1});
+  window.tab_order = {&Text1, &Text2, &SSTree1, &Toolbar1};
   window.on_load = [this] { load(); };
   window.on_unload = [] { refresh_browser(); };
   window.on_close = [this] { exit(); };
@@ -45,7 +46,8 @@ replace_create::replace_create()
 }
 
 void replace_create::Init_ToolBar() {
-  for (const int position : {addr_set_button, cond_set_button, cond_val_set_button, del_set_button}) {
+  for (const int position :
+       {addr_set_button, cond_set_button, cond_val_set_button, del_set_button}) {
     Toolbar1.enable(position, false);
   }
   Toolbar1.enable(exit_button, true);

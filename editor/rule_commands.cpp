@@ -33,16 +33,20 @@ std::int16_t line_number(const ADODB::Recordset& row) {
 
 }  // namespace
 
-void replace_create::addr_set() { form<address_add>().window.show(); }
+void replace_create::addr_set() {
+  form<address_add>().window.show();
+}
 
-void replace_create::cond_val_set() { form<set_value>().window.show(); }
+void replace_create::cond_val_set() {
+  form<set_value>().window.show();
+}
 
 void replace_create::cond_set() {
   auto& shared = form<replaceForm>();
   if (shared.basNodeKey == "0") return;
-  shared.basCopyRs = query(sql(
-      "select * from replace_m where replace_no=<f_replace_no> and replace_m_no=<basNodeKey>",
-      {shared.f_replace_no, shared.basNodeKey}));
+  shared.basCopyRs = query(
+      sql("select * from replace_m where replace_no=<f_replace_no> and replace_m_no=<basNodeKey>",
+          {shared.f_replace_no, shared.basNodeKey}));
   if (shared.basCopyRs.eof()) throw vanished_row();
   const ADODB::Recordset row = shared.basCopyRs;
   const bool existing = column(row, "use_type").text() == "C";
@@ -65,9 +69,9 @@ std::int16_t replace_create::lend_existing(const ADODB::Recordset& row) {
 std::int16_t replace_create::lend_new() {
   auto& shared = form<replaceForm>();
   lend_condition_number();
-  shared.basRS = query(sql(
-      "select * from replace_m where replace_no=<f_replace_no> and p_replace_m_no=<basNodeKey>",
-      {shared.f_replace_no, shared.basNodeKey}));
+  shared.basRS = query(
+      sql("select * from replace_m where replace_no=<f_replace_no> and p_replace_m_no=<basNodeKey>",
+          {shared.f_replace_no, shared.basNodeKey}));
   if (shared.basRS.eof()) return 0;
   const std::int16_t first = line_number(shared.basRS);
   const Node child = shared.tmpNode.Child();
@@ -82,10 +86,10 @@ void replace_create::lend_condition_number() {
   auto& shared = form<replaceForm>();
   for (;;) {
     f_replace_cond_no = checked_key(shared.getfrom_seqno("replace_cond") + 1);
-    const ADODB::Recordset lines = query(
-        sql("select max(sno) from replace_cond where replace_cond_no=<f_replace_cond_no> "
-            "and replace_no=<f_replace_no>",
-            {f_replace_cond_no, shared.f_replace_no}));
+    const ADODB::Recordset lines =
+        query(sql("select max(sno) from replace_cond where replace_cond_no=<f_replace_cond_no> "
+                  "and replace_no=<f_replace_no>",
+                  {f_replace_cond_no, shared.f_replace_no}));
     if (lines.eof() || lines.Fields().Item(0).Value().is_null()) return;
     shared.update_seqno("replace_cond");
   }

@@ -38,10 +38,10 @@ void replace_create::init_tree() {
   shared.atNode.Font(false, 10);
   shared.atNode.ForeColor(root_colour);
   shared.atNode.Image("root");
-  shared.basCopyRs = shared.conn.Execute(
-      sql("select * from replace_m where replace_no=<f_replace_no> "
-          "ORDER BY P_REPLACE_M_NO,replace_cond_type,replace_m_no",
-          {shared.f_replace_no}));
+  shared.basCopyRs =
+      shared.conn.Execute(sql("select * from replace_m where replace_no=<f_replace_no> "
+                              "ORDER BY P_REPLACE_M_NO,replace_cond_type,replace_m_no",
+                              {shared.f_replace_no}));
   add_rule_nodes();
   SSTree1.TopNode(SSTree1.Nodes.Item(SSTree1.Nodes.Count()).Root());
   SSTree1.Indentation(250);
@@ -82,8 +82,7 @@ void replace_create::initone() {
   const std::string parent = text_of(row, "p_replace_m_no");
   const std::string key = text_of(row, "replace_m_no");
   if (use_type == "F") {
-    shared.atNode =
-        SSTree1.Nodes.AddChild(parent, key, field_text(text_of(row, "field_id")));
+    shared.atNode = SSTree1.Nodes.AddChild(parent, key, field_text(text_of(row, "field_id")));
     shared.atNode.Image("close");
     shared.atNode.ExpandedImage("open");
   } else if (use_type == "C") {

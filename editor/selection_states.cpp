@@ -14,14 +14,14 @@ void replace_create::select_node(const Node& node) {
   auto& shared = form<replaceForm>();
   shared.basNodeKey = node.Key();
   shared.tmpNode = node;
-  shared.basRS = shared.conn.Execute(
-      sql("select use_type from replace_m where replace_m_no=<basNodeKey> "
-          "and replace_no=<f_replace_no>",
-          {shared.basNodeKey, shared.f_replace_no}));
-  shared.basCopyRs = shared.conn.Execute(
-      sql("select count(*) from replace_m where p_replace_m_no=<basNodeKey> "
-          "and replace_no=<f_replace_no>",
-          {shared.basNodeKey, shared.f_replace_no}));
+  shared.basRS =
+      shared.conn.Execute(sql("select use_type from replace_m where replace_m_no=<basNodeKey> "
+                              "and replace_no=<f_replace_no>",
+                              {shared.basNodeKey, shared.f_replace_no}));
+  shared.basCopyRs =
+      shared.conn.Execute(sql("select count(*) from replace_m where p_replace_m_no=<basNodeKey> "
+                              "and replace_no=<f_replace_no>",
+                              {shared.basNodeKey, shared.f_replace_no}));
   enable_for(node);
 }
 

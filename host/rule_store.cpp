@@ -6,5 +6,5 @@
 
 int main(int argc, char* argv[]) {
   const std::vector<std::string_view> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
-  return rule_store::run_command(arguments, std::cerr);
+  return rule_store::run_command(arguments, std::cout, std::cerr);
 }

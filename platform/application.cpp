@@ -44,6 +44,8 @@ application::application() {
   }
 }
 
-application::~application() { QCoreApplication::removeTranslator(&parts_->japanese); }
+application::~application() {
+  QCoreApplication::removeTranslator(&parts_->japanese);
+}
 
 }  // namespace platform

@@ -28,7 +28,9 @@ class input_sink : public QObject {
 
 }  // namespace
 
-busy_pointer::busy_pointer() { QApplication::setOverrideCursor(Qt::WaitCursor); }
+busy_pointer::busy_pointer() {
+  QApplication::setOverrideCursor(Qt::WaitCursor);
+}
 
 busy_pointer::~busy_pointer() {
   input_sink sink;

@@ -20,7 +20,9 @@ QString folded(const QString& text) {
 
 }  // namespace
 
-choice_list::choice_list() { setUniformItemSizes(true); }
+choice_list::choice_list() {
+  setUniformItemSizes(true);
+}
 
 QModelIndex choice_list::find(const QString& wanted, int start, bool anywhere) const {
   const int count = model()->rowCount();

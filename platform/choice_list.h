@@ -5,8 +5,8 @@
 
 namespace platform {
 
-/// The list of a drop-down list, open or not: finds entries by what is typed, letter after letter or
-/// as an input method hands it over. An entry that begins with it goes before one that holds it.
+/// The list of a drop-down list, open or not: finds entries by what is typed, letter after letter
+/// or as an input method hands it over. An entry that begins with it goes before one that holds it.
 /// Wide and narrow letters are the same, and so are capitals and small letters, hiragana and
 /// katakana.
 class choice_list : public QListView {

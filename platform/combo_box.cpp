@@ -15,7 +15,8 @@ namespace {
 class drop_down : public QComboBox {
  public:
   drop_down() {
-    // Some styles open a list as a menu, over the whole height of the screen and without scroll bar.
+    // Some styles open a list as a menu, over the whole height of the screen and without scroll
+    // bar.
     setStyleSheet("combobox-popup: 0");
     setView(new choice_list);
     setMaxVisibleItems(20);
@@ -61,7 +62,9 @@ std::unique_ptr<native> ComboBox::make() {
   return std::make_unique<native>(combo);
 }
 
-void ComboBox::Clear() { as<QComboBox>(peer()).clear(); }
+void ComboBox::Clear() {
+  as<QComboBox>(peer()).clear();
+}
 
 // The toolkit chooses the first item of a list by itself; a list here starts without a choice.
 void ComboBox::AddItem(std::string_view text) {
@@ -73,7 +76,9 @@ void ComboBox::AddItem(std::string_view text) {
   combo.blockSignals(was_blocked);
 }
 
-std::string ComboBox::text() { return from_toolkit(as<QComboBox>(peer()).currentText()); }
+std::string ComboBox::text() {
+  return from_toolkit(as<QComboBox>(peer()).currentText());
+}
 
 void ComboBox::select(std::string_view text) {
   auto& combo = as<QComboBox>(peer());

@@ -18,11 +18,17 @@ native& Control::peer() {
   return *native_;
 }
 
-void Control::set_enabled(bool enabled) { peer().widget->setEnabled(enabled); }
+void Control::set_enabled(bool enabled) {
+  peer().widget->setEnabled(enabled);
+}
 
-bool Control::enabled() { return peer().widget->isEnabled(); }
+bool Control::enabled() {
+  return peer().widget->isEnabled();
+}
 
-void Control::set_focus() { peer().widget->setFocus(Qt::OtherFocusReason); }
+void Control::set_focus() {
+  peer().widget->setFocus(Qt::OtherFocusReason);
+}
 
 void Control::set_accessible_name(const std::string& text) {
   peer().widget->setAccessibleName(to_toolkit(text));

@@ -43,13 +43,20 @@ void Form::make_widgets() {
     control->native_->widget->setParent(window_.get());
     control->native_->widget->setObjectName(to_toolkit(control->name_));
   }
-  for (std::size_t i = 1; i < controls_.size(); ++i) {
-    QWidget::setTabOrder(controls_[i - 1]->native_->widget, controls_[i]->native_->widget);
-  }
+  order_tabs();
   for (Control* control : controls_) control->tie();
   window_->setLayout(arrangement::of(body));
   window_->resize(QSize(pixels(width_), pixels(height_)).expandedTo(window_->minimumSizeHint()));
   if (frame_ == frame::fixed) window_->setFixedSize(window_->size());
+}
+
+void Form::order_tabs() {
+  std::vector<QWidget*> stops;
+  for (const Control* control : tab_order.empty() ? controls_ : tab_order) {
+    for (QWidget* stop : control->native_->stops()) stops.push_back(stop);
+  }
+  for (std::size_t i = 1; i < stops.size(); ++i) QWidget::setTabOrder(stops[i - 1], stops[i]);
+  if (!tab_order.empty()) stops.front()->setFocus();
 }
 
 void Form::destroy_widgets() {

@@ -27,12 +27,17 @@ class Form {
   enum class frame { fixed, resizable };
 
   /// Width and height in twips; a window whose controls need more room takes it.
-  Form(std::string name, std::string caption, int width, int height, frame frame = frame::resizable);
+  Form(std::string name, std::string caption, int width, int height,
+       frame frame = frame::resizable);
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
   ~Form();
 
   box body = column({});
+
+  /// The keyboard's way through the form, and where it begins; without it, the order in which the
+  /// controls were declared.
+  std::vector<Control*> tab_order;
 
   std::function<void()> on_load;
   std::function<void()> on_unload;
@@ -69,6 +74,7 @@ class Form {
 
   void add(Control& control) { controls_.push_back(&control); }
   void make_widgets();
+  void order_tabs();
   void destroy_widgets();
 
   std::string name_;

@@ -1,19 +1,25 @@
 #include "platform/label.h"
 
+#include <QFontMetrics>
 #include <QLabel>
 #include <utility>
 
+#include "platform/fonts.h"
 #include "platform/native.h"
 
 namespace platform {
 
-Label::Label(Form& form, std::string name, std::string caption, Control* buddy)
-    : Control(form, std::move(name)), caption_(std::move(caption)), buddy_(buddy) {}
+Label::Label(Form& form, std::string name, std::string caption, Control* buddy, lines lines)
+    : Control(form, std::move(name)), caption_(std::move(caption)), buddy_(buddy), lines_(lines) {}
 
 std::unique_ptr<native> Label::make() {
   auto* label = new QLabel(to_toolkit(caption_));
   label->setTextFormat(Qt::PlainText);
-  label->setWordWrap(caption_.empty());
+  if (lines_ == lines::two) {
+    label->setWordWrap(true);
+    label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+    label->setFixedHeight(2 * QFontMetrics(window_font()).lineSpacing());
+  }
   return std::make_unique<native>(label);
 }
 
@@ -25,6 +31,7 @@ void Label::tie() {
 
 void Label::set_caption(const std::string& caption) {
   as<QLabel>(peer()).setText(to_toolkit(caption));
+  if (lines_ == lines::two) as<QLabel>(peer()).setToolTip(to_toolkit(caption).toHtmlEscaped());
 }
 
 }  // namespace platform

@@ -4,10 +4,14 @@
 
 namespace platform {
 
-/// A line of text, or several. With a buddy it names that control to screen readers.
+/// A text on the form. With a buddy it names that control to screen readers. A label of two lines
+/// keeps its height whatever it shows, and tells the whole text as a hint.
 class Label : public Control {
  public:
-  Label(Form& form, std::string name, std::string caption = {}, Control* buddy = nullptr);
+  enum class lines { as_needed, two };
+
+  Label(Form& form, std::string name, std::string caption = {}, Control* buddy = nullptr,
+        lines lines = lines::as_needed);
 
   void set_caption(const std::string& caption);
 
@@ -17,6 +21,7 @@ class Label : public Control {
 
   std::string caption_;
   Control* buddy_;
+  lines lines_;
 };
 
 }  // namespace platform

@@ -18,11 +18,19 @@ struct box {
   std::vector<box> parts;
 };
 
-inline box row(std::vector<box> parts) { return {box::kind::row, std::move(parts)}; }
-inline box column(std::vector<box> parts) { return {box::kind::column, std::move(parts)}; }
-inline box stretch() { return {box::kind::stretch, {}}; }
+inline box row(std::vector<box> parts) {
+  return {box::kind::row, std::move(parts)};
+}
+inline box column(std::vector<box> parts) {
+  return {box::kind::column, std::move(parts)};
+}
+inline box stretch() {
+  return {box::kind::stretch, {}};
+}
 
 /// Rows whose first parts stand in one column, as wide as the widest of them.
-inline box fields(std::vector<box> rows) { return {box::kind::fields, std::move(rows)}; }
+inline box fields(std::vector<box> rows) {
+  return {box::kind::fields, std::move(rows)};
+}
 
 }  // namespace platform

@@ -19,7 +19,9 @@ int run(QMessageBox::Icon icon, std::string_view text, QMessageBox::StandardButt
 
 }  // namespace
 
-void message(std::string_view text) { run(QMessageBox::Information, text, QMessageBox::Ok); }
+void message(std::string_view text) {
+  run(QMessageBox::Information, text, QMessageBox::Ok);
+}
 
 bool ask(std::string_view text) {
   return run(QMessageBox::Question, text, QMessageBox::Ok | QMessageBox::Cancel) == QMessageBox::Ok;

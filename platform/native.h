@@ -4,6 +4,7 @@
 #include <QWidget>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace platform {
 
@@ -13,6 +14,9 @@ struct native {
   native(const native&) = delete;
   native& operator=(const native&) = delete;
   virtual ~native() = default;
+
+  /// Where the keyboard stops in the control, in order.
+  [[nodiscard]] virtual std::vector<QWidget*> stops() const { return {widget}; }
 
   QWidget* widget;
 };
@@ -26,9 +30,13 @@ inline QString to_toolkit(std::string_view text) {
   return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
-inline std::string from_toolkit(const QString& text) { return text.toStdString(); }
+inline std::string from_toolkit(const QString& text) {
+  return text.toStdString();
+}
 
 /// Windows are measured in twips, 1440 to the inch; the toolkit scales its own pixels, 96 to it.
-constexpr int pixels(int twips) { return twips / 15; }
+constexpr int pixels(int twips) {
+  return twips / 15;
+}
 
 }  // namespace platform

@@ -31,8 +31,12 @@ std::unique_ptr<native> OptionButton::make() {
   return std::make_unique<native>(button);
 }
 
-bool OptionButton::selected() { return as<QRadioButton>(peer()).isChecked(); }
+bool OptionButton::selected() {
+  return as<QRadioButton>(peer()).isChecked();
+}
 
-void OptionButton::select() { as<QRadioButton>(peer()).setChecked(true); }
+void OptionButton::select() {
+  as<QRadioButton>(peer()).setChecked(true);
+}
 
 }  // namespace platform

@@ -7,7 +7,8 @@ namespace platform {
 
 system_date read_system_date() {
   const QString format = QLocale::system().dateFormat(QLocale::ShortFormat);
-  const bool year_first = format.startsWith("yyyy") && format.size() > 4 && format[4].unicode() < 128;
+  const bool year_first =
+      format.startsWith("yyyy") && format.size() > 4 && format[4].unicode() < 128;
   const QDate today = QDate::currentDate();
   return {year_first ? format[4].toLatin1() : '/',
           std::chrono::year(today.year()) /

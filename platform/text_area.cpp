@@ -11,8 +11,7 @@ namespace {
 // The toolkit starts a new block at each of these and forgets which it was. A block's user state
 // keeps it: the place in this list of the end behind the block, -1 for one that the user has made.
 const QStringList& line_ends() {
-  static const QStringList ends{"\n",           "\r\n",         "\r", QChar(0x2029),
-                                QChar(0xfdd0), QChar(0xfdd1)};
+  static const QStringList ends{"\n", "\r\n", "\r", QChar(0x2029), QChar(0xfdd0), QChar(0xfdd1)};
   return ends;
 }
 
@@ -54,11 +53,14 @@ void text_area::set_text(const QString& text) {
   emit textChanged();
 }
 
-bool text_area::is_empty() const { return document()->isEmpty(); }
+bool text_area::is_empty() const {
+  return document()->isEmpty();
+}
 
 // Shift+Enter would put in a character of its own that looks like a line end.
 void text_area::keyPressEvent(QKeyEvent* event) {
-  if (!event->matches(QKeySequence::InsertLineSeparator)) return QPlainTextEdit::keyPressEvent(event);
+  if (!event->matches(QKeySequence::InsertLineSeparator))
+    return QPlainTextEdit::keyPressEvent(event);
   textCursor().insertBlock();
   ensureCursorVisible();
 }

@@ -4,6 +4,8 @@
 #include <QHBoxLayout>
 #include <QIcon>
 #include <QToolButton>
+#include <algorithm>
+#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -15,6 +17,14 @@ namespace {
 
 struct toolbar_peer : native {
   using native::native;
+
+  [[nodiscard]] std::vector<QWidget*> stops() const override {
+    std::vector<QWidget*> found;
+    std::copy_if(buttons.begin(), buttons.end(), std::back_inserter(found),
+                 [](const QToolButton* button) { return button != nullptr; });
+    return found;
+  }
+
   std::vector<QToolButton*> buttons;  // null for a separator
 };
 
@@ -80,7 +90,8 @@ void Toolbar::enable(std::string_view key, bool enabled) {
 }
 
 void Toolbar::enable(int position, bool enabled) {
-  static_cast<toolbar_peer&>(peer()).buttons.at(static_cast<std::size_t>(position) - 1)
+  static_cast<toolbar_peer&>(peer())
+      .buttons.at(static_cast<std::size_t>(position) - 1)
       ->setEnabled(enabled);
 }
 

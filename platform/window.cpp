@@ -14,14 +14,18 @@ window::window(Form& form, QWidget* owner) : QDialog(owner), form_(form) {
   qApp->installEventFilter(this);
 }
 
-window::~window() { qApp->removeEventFilter(this); }
+window::~window() {
+  qApp->removeEventFilter(this);
+}
 
 void window::close_form() {
   form_.guarded([this] { form_.on_close ? form_.on_close() : form_.unload(); });
 }
 
 // Esc ends up here. The dialog's own way would end the modal loop past the form.
-void window::reject() { close_form(); }
+void window::reject() {
+  close_form();
+}
 
 void window::closeEvent(QCloseEvent* event) {
   event->ignore();

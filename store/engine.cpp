@@ -1,6 +1,6 @@
 #include "store/engine.h"
 
-#include "store/error.h"
+#include "store/postgresql_engine.h"
 #include "store/sqlite_engine.h"
 
 namespace ADODB {
@@ -8,7 +8,7 @@ namespace ADODB {
 std::unique_ptr<engine> open_engine(const connection_settings& settings) {
   if (settings.driver == "sqlite")
     return std::make_unique<sqlite_engine>(settings.values.at("database"));
-  throw Error(failure_kind::other, "this program has no engine for the driver " + settings.driver);
+  return std::make_unique<postgresql_engine>(settings);
 }
 
 }  // namespace ADODB

@@ -4,16 +4,13 @@
 #include <array>
 #include <charconv>
 #include <cstddef>
+#include <limits>
 #include <utility>
 
 #include "store/ascii.h"
 
 namespace ADODB {
 namespace {
-
-constexpr bool is_digit(char letter) {
-  return letter >= '0' && letter <= '9';
-}
 
 // Every byte of a letter beyond ASCII counts, as it does to the engines.
 constexpr bool is_name_start(char letter) {
@@ -53,7 +50,7 @@ class lifting {
     return std::ranges::any_of(kinds, [&](auto known) { return equal_in_any_case(kind, known); });
   }
 
-  /// False if the statement ends within a quote.
+  /// False if the statement ends within a quote, or holds what not every engine reads alike.
   bool scan() {
     shape_.text.reserve(statement_.size());
     while (position_ < statement_.size()) {
@@ -61,13 +58,15 @@ class lifting {
       if (is_name_start(letter)) {
         const std::string_view name = word();
         if (equal_in_any_case(name, "order") || equal_in_any_case(name, "group")) return true;
-        if (is_at('\'') && !skip_quoted('\'')) return false;
+        if (is_at('\'') && (equal_in_any_case(name, "e") || !skip_quoted('\''))) return false;
       } else if (is_digit(letter) || letter == '.') {
         lift_number();
       } else if (letter == '\'') {
         if (!lift_text()) return false;
       } else if (letter == '"') {
         if (!skip_quoted('"')) return false;
+      } else if (letter == '$') {
+        return false;
       } else if (!skip_comment()) {
         ++position_;
       }
@@ -139,7 +138,13 @@ class lifting {
       if (is_at('-') || is_at('+')) ++position_;
       skip_digits();
     }
-    if (whole || !lift_number_as<double>(start)) word();
+    if (whole || !keeps_its_digits(start) || !lift_number_as<double>(start)) word();
+  }
+
+  /// Whether a real gives back every digit that stands between `start` and the position.
+  [[nodiscard]] bool keeps_its_digits(std::size_t start) const {
+    const std::string_view number = statement_.substr(start, position_ - start);
+    return std::ranges::count_if(number, is_digit) <= std::numeric_limits<double>::digits10;
   }
 
   /// Lifts from `start` to the position, if that reads as one number of the type to its end.

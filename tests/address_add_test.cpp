@@ -166,7 +166,7 @@ TEST_F(FieldPicker, TypingFindsAnEntryOfALongList) {
     QTest::keyClicks(&list(), "99");
     EXPECT_EQ(text_of("Combo1"), "No.1999 項目");
     EXPECT_LT(clock.elapsed(), 1000);
-    QTest::qWait(1600);
+    QTest::qWait(1600);  // typing starts anew after a pause
     compose("ふり");
     EXPECT_EQ(text_of("Combo1"), "フリガナ");
     QTest::qWait(1600);

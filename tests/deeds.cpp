@@ -27,7 +27,9 @@ Widget& find(const std::string& name) {
   return *found;
 }
 
-QTreeView& tree() { return find<QTreeView>("SSTree1"); }
+QTreeView& tree() {
+  return find<QTreeView>("SSTree1");
+}
 
 QModelIndex child_by_text(const QModelIndex& parent, const QString& text) {
   const QAbstractItemModel& model = *tree().model();
@@ -41,7 +43,8 @@ QModelIndex child_by_text(const QModelIndex& parent, const QString& text) {
 }
 
 QModelIndex node(const std::string& path) {
-  QModelIndex found;
+  QModelIndex found = child_by_text({}, QString::fromStdString(path));
+  if (found.isValid()) return found;
   for (const QString& text : QString::fromStdString(path).split('/')) {
     found = child_by_text(found, text);
     if (!found.isValid()) throw std::runtime_error("no node " + path);
@@ -66,7 +69,9 @@ void collect(const QModelIndex& parent, const std::string& indent,
 
 }  // namespace
 
-QWidget& top_window() { return *QApplication::activeModalWidget(); }
+QWidget& top_window() {
+  return *QApplication::activeModalWidget();
+}
 
 void press(const std::string& button) {
   auto& found = find<QAbstractButton>(button);
@@ -74,12 +79,15 @@ void press(const std::string& button) {
   found.click();
 }
 
-bool is_enabled(const std::string& control) { return find(control).isEnabled(); }
+bool is_enabled(const std::string& control) {
+  return find(control).isEnabled();
+}
 
 std::string enabled_buttons() {
   std::string names;
   for (const QToolButton* button : find("Toolbar1").findChildren<QToolButton*>()) {
-    if (button->isEnabled()) names += (names.empty() ? "" : " ") + button->objectName().toStdString();
+    if (button->isEnabled())
+      names += (names.empty() ? "" : " ") + button->objectName().toStdString();
   }
   return names;
 }
@@ -125,7 +133,7 @@ std::vector<std::string> tree_lines() {
 }
 
 std::string focused_control() {
-  const QWidget* focused = QApplication::focusWidget();
+  const QWidget* focused = top_window().focusWidget();
   return focused ? focused->objectName().toStdString() : "none";
 }
 

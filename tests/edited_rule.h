@@ -48,7 +48,8 @@ class edited_rule : public testing::Test {
   }
 
   /// Plays the user up to the closing of all windows; `look` sees the editor before.
-  void play(harness::user& user, const std::function<void()>& look = [] {}) {
+  void play(
+      harness::user& user, const std::function<void()>& look = [] {}) {
     user.in("replace_create", [look] {
       EXPECT_EQ(harness::enabled_buttons(), "exit");
       look();

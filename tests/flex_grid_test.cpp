@@ -34,12 +34,21 @@ class flex_grid : public testing::Test {
     window.on_close = [this] { ++closed; };
     ok.on_click = [this] { seen_by_ok = fg.commit_edit() ? fg.TextMatrix(1, value) : "refused"; };
     fg.on_row_check = [this] { row_check(); };
+    open();
+  }
+  ~flex_grid() override { close(); }
+
+  void open() {
     window.load();
     view().window()->show();
     activate();
     view().setFocus();
   }
-  ~flex_grid() override { window.unload(); }
+
+  void close() {
+    view().window()->hide();
+    window.unload();
+  }
 
   void fill() {
     fg.FormatString("#Rec|<比較値|sno|<比較方法");
@@ -204,6 +213,14 @@ TEST_F(flex_grid, lets_the_keyboard_out_at_both_ends) {
   EXPECT_EQ(fg.TextMatrix(1, value), "edited");
 }
 
+TEST_F(flex_grid, lets_the_keyboard_out_of_the_middle) {
+  fg.Row(1);
+  type("taken");
+  key(Qt::Key_Tab, Qt::ControlModifier);
+  EXPECT_EQ(window.active_control(), "Command1");
+  EXPECT_EQ(fg.TextMatrix(1, value), "taken");
+}
+
 TEST_F(flex_grid, keeps_a_refused_cell_in_edit_whatever_would_take_it) {
   refuse_texts_longer_than(3);
   fg.Row(1);
@@ -356,11 +373,8 @@ TEST_F(flex_grid, stands_rows_that_come_and_go_in_the_row_check) {
 
 TEST_F(flex_grid, begins_anew_with_each_load_and_shows_a_failing_row_check) {
   fg.EditMaxLength(1);
-  window.unload();
-  window.load();
-  view().window()->show();
-  activate();
-  view().setFocus();
+  close();
+  open();
   fg.on_row_check = [] { throw std::runtime_error("store gone"); };
   type("long");
   answering("store gone", [this] { EXPECT_TRUE(fg.commit_edit()); });

@@ -17,8 +17,8 @@ struct outcome {
 };
 
 outcome rule_store_with(const std::vector<std::string_view>& arguments) {
-  std::ostringstream errors;
-  const int code = rule_store::run_command(arguments, errors);
+  std::ostringstream output, errors;
+  const int code = rule_store::run_command(arguments, output, errors);
   return {code, errors.str()};
 }
 

@@ -23,7 +23,9 @@ std::string test_store::connect_string() const {
   return "Driver=SQLite;Database=" + (folder_ / "store.db").string();
 }
 
-void test_store::run(std::string_view statement) { connection_.Execute(statement); }
+void test_store::run(std::string_view statement) {
+  connection_.Execute(statement);
+}
 
 void test_store::run_all(const std::vector<std::string>& statements) {
   for (const std::string& statement : statements) run(statement);

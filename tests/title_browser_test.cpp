@@ -192,14 +192,13 @@ TEST_F(TitleBrowser, ARowThatAnotherProgramHasDeletedIsToldAndNothingIsWritten) 
   const std::string gone = "対象の行は他のプログラムによって削除されています。一覧を読み直します。";
   user script;
   for (const std::string button : {"addf", "updatef", "delf", "add", "update", "copy", "del"}) {
-    const bool folder = button == "addf" || button == "updatef" || button == "delf" || button == "add";
+    const bool folder =
+        button == "addf" || button == "updatef" || button == "delf" || button == "add";
     const std::string kind = folder ? "F" : "C";
-    script
-        .in("replaceForm",
-            [this, kind, button] {
-              store.run("insert into replace values(20,0,'" + kind + "','消える',null,7)");
-              press("close");
-            });
+    script.in("replaceForm", [this, kind, button] {
+      store.run("insert into replace values(20,0,'" + kind + "','消える',null,7)");
+      press("close");
+    });
     script.browse(store);
     const rows before = titles();
     script

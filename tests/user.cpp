@@ -7,6 +7,7 @@
 #include <QTimer>
 #include <cstdio>
 #include <cstdlib>
+#include <exception>
 
 #include "harness.h"
 #include "ta_vorlumine/replace_class.h"
@@ -42,8 +43,7 @@ long long now() {
 }  // namespace
 
 user& user::in(const std::string& form, std::function<void()> deed) {
-  steps_.push_back(
-      {form, [form](QWidget& top) { return name_of(&top) == form; }, std::move(deed)});
+  steps_.push_back({form, [form](QWidget& top) { return name_of(&top) == form; }, std::move(deed)});
   return *this;
 }
 
@@ -52,7 +52,9 @@ user& user::whatever(const std::string& what, std::function<void()> deed) {
   return *this;
 }
 
-user& user::message(const std::string& text) { return question(text, true); }
+user& user::message(const std::string& text) {
+  return question(text, true);
+}
 
 user& user::question(const std::string& text, bool ok) {
   steps_.push_back({"the message \"" + text + "\"",
@@ -87,7 +89,11 @@ void user::play() {
   const step next = std::move(steps_.front());
   steps_.pop_front();
   at_work_.push_back(top);
-  next.deed();
+  try {
+    next.deed();
+  } catch (const std::exception& failure) {
+    give_up(failure.what());
+  }
   at_work_.pop_back();
   waiting_since_ = now();
 }
@@ -96,7 +102,8 @@ void user::during(const std::function<void()>& modal) {
   waiting_since_ = now();
   QTimer tick;
   // A timer does not fire again while its own slot runs; a deed that opens a window runs long.
-  QObject::connect(&tick, &QTimer::timeout, &tick, [this] { play(); }, Qt::QueuedConnection);
+  QObject::connect(
+      &tick, &QTimer::timeout, &tick, [this] { play(); }, Qt::QueuedConnection);
   tick.start(1);
   modal();
   tick.stop();

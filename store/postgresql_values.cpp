@@ -1,0 +1,83 @@
+#include "store/postgresql_values.h"
+
+#include <charconv>
+#include <cstdint>
+#include <limits>
+#include <string_view>
+#include <variant>
+
+namespace ADODB {
+namespace {
+
+// The numbers that PostgreSQL gives its types are the same on every server.
+constexpr Oid decided_by_server = 0;
+constexpr Oid boolean_type = 16;
+constexpr Oid int8_type = 20;
+constexpr Oid int2_type = 21;
+constexpr Oid int4_type = 23;
+constexpr Oid float4_type = 700;
+constexpr Oid float8_type = 701;
+constexpr Oid numeric_type = 1700;
+
+struct literal_type {
+  Oid operator()(std::int64_t number) const {
+    return number <= std::numeric_limits<std::int32_t>::max() ? int4_type : int8_type;
+  }
+  Oid operator()(double) const { return numeric_type; }
+  Oid operator()(const std::string&) const { return decided_by_server; }
+};
+
+struct literal_text {
+  std::string operator()(std::int64_t number) const { return std::to_string(number); }
+  std::string operator()(double number) const { return Value(number).text(); }
+  std::string operator()(const std::string& text) const { return text; }
+};
+
+template <typename Number>
+Value number_or_text(std::string_view text) {
+  Number number{};
+  const char* const end = text.data() + text.size();
+  const auto read = std::from_chars(text.data(), end, number);
+  if (read.ec != std::errc() || read.ptr != end) return Value(std::string(text));
+  return Value(number);
+}
+
+std::string_view without_needless_zeros(std::string_view digits) {
+  if (digits.find('.') == std::string_view::npos) return digits;
+  digits.remove_suffix(digits.size() - 1 - digits.find_last_not_of('0'));
+  if (digits.ends_with('.')) digits.remove_suffix(1);
+  return digits;
+}
+
+}  // namespace
+
+Oid type_of(const literal& value) {
+  return std::visit(literal_type(), value);
+}
+
+std::string text_of(const literal& value) {
+  return std::visit(literal_text(), value);
+}
+
+Value cell_of(const PGresult* answer, int row, int column) {
+  if (PQgetisnull(answer, row, column) == 1) return Value();
+  const std::string_view text(PQgetvalue(answer, row, column),
+                              static_cast<std::size_t>(PQgetlength(answer, row, column)));
+  switch (PQftype(answer, column)) {
+    case boolean_type:
+      return Value(text == "t");
+    case int2_type:
+    case int4_type:
+    case int8_type:
+      return number_or_text<std::int64_t>(text);
+    case float4_type:
+    case float8_type:
+      return number_or_text<double>(text);
+    case numeric_type:
+      return number_or_text<std::int64_t>(without_needless_zeros(text));
+    default:
+      return Value(std::string(text));
+  }
+}
+
+}  // namespace ADODB
