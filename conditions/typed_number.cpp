@@ -9,6 +9,7 @@ std::optional<double> typed_number(std::string_view text) {
   const auto first = text.find_first_not_of(" \t\n\r");
   if (first == std::string_view::npos) return {};
   text = text.substr(first, text.find_last_not_of(" \t\n\r") - first + 1);
+  if (text.starts_with("+-")) return {};
   if (text.front() == '+') text.remove_prefix(1);
   // The words that stand for infinity and for no number are numbers to the conversion alone.
   const bool plain = std::all_of(text.begin(), text.end(), [](char c) {

@@ -60,9 +60,7 @@ class line_check {
       check_range("d", line_.date_from, line_.date_to);
     } else if (line_.use_type == "N") {
       check_range("n", line_.number_from, line_.number_to);
-    } else if (line_.use_type == "B") {
-      if (line_.answer.is_null()) add("no b_val");
-    } else {
+    } else if (line_.use_type != "B") {
       add("unknown use_type \"" + line_.use_type + "\"");
     }
   }

@@ -51,8 +51,9 @@ std::optional<int> print(argument_list arguments, std::ostream& output) {
 constexpr std::array commands = {
     command{
         "init",
-        "rule_store init FILE [--sample]\n"
-        "    makes the store FILE, which must not exist, with the sample definitions if wished\n",
+        "rule_store init FILE|CONNECT_STRING [--sample]\n"
+        "    makes the store FILE, which must not exist, or the tables of a store in the database\n"
+        "    of a server, which must not have them; with the sample definitions if wished\n",
         init},
     command{
         "check",

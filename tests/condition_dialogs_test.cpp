@@ -53,14 +53,13 @@ class ConditionDialogs : public edited_rule {
     QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, grid().visualRect(index).center());
     if (auto* list = QApplication::activePopupWidget()) list->close();
   }
-  /// Types into a cell as a user does: goes there, composes the text, takes it with Enter.
+  /// Types into a cell as a user does: composes the text, takes it with Enter.
   static void put(int row, int col, const std::string& text) {
-    go_to(row, col);
-    auto* open = top_window().findChild<QWidget*>("cell_editor");
-    QWidget* target = open ? open : &grid();
+    grid().setCurrentIndex(grid().model()->index(row - 1, col));
+    grid().setFocus();
     QInputMethodEvent composed;
     composed.setCommitString(QString::fromStdString(text));
-    QApplication::sendEvent(target, &composed);
+    QApplication::sendEvent(QApplication::focusWidget(), &composed);
     key(Qt::Key_Return);
   }
   /// Picks the entry of a drop-down cell by its number.
@@ -68,7 +67,7 @@ class ConditionDialogs : public edited_rule {
     const QModelIndex index = grid().model()->index(row - 1, col);
     grid().setCurrentIndex(index);
     grid().setFocus();
-    QTest::keyClicks(&grid(), QString::fromStdString(number));
+    QTest::keyClicks(QApplication::focusWidget(), QString::fromStdString(number));
     key(Qt::Key_Return);
   }
   static void ok() { press("Command1"); }

@@ -3,17 +3,20 @@
 #include <deque>
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "server_database.h"
 #include "store/connection.h"
 
 class QWidget;
 
 namespace harness {
 
-/// A store made for one test in a folder of its own, and a second connection that looks into it.
+/// A store made for one test, and a second connection that looks into it: a file in a folder of its
+/// own, or a database on the server of the tests where on_server().
 class test_store {
  public:
   test_store();
@@ -38,6 +41,7 @@ class test_store {
 
  private:
   std::filesystem::path folder_;
+  std::optional<server_database> database_;
   ADODB::Connection connection_;
 };
 

@@ -3,14 +3,17 @@
 #include "harness.h"
 #include "host/embedded_scripts.h"
 #include "host/store_maker.h"
-#include "store/sql.h"
+#include "store/postgresql_session.h"
 
 namespace harness {
 
 test_store::test_store() {
   std::string pattern = (std::filesystem::temp_directory_path() / "vorlumine_XXXXXX").string();
   folder_ = ::mkdtemp(pattern.data());
-  rule_store::make_store((folder_ / "store.db").string(), rule_store::content::empty);
+  if (on_server())
+    database_.emplace();
+  else
+    rule_store::make_store((folder_ / "store.db").string(), rule_store::content::empty);
   connection_.Open(connect_string());
 }
 
@@ -20,6 +23,7 @@ test_store::~test_store() {
 }
 
 std::string test_store::connect_string() const {
+  if (database_) return database_->connect_string();
   return "Driver=SQLite;Database=" + (folder_ / "store.db").string();
 }
 
@@ -51,6 +55,10 @@ std::string test_store::value(std::string_view statement) {
 }
 
 void test_store::load_sample() {
+  if (database_) {
+    ADODB::postgresql_session session(ADODB::read_connection_string(connect_string()));
+    return session.run(rule_store::sample_script);
+  }
   connection_.Close();
   for (const char* file : {"store.db", "store.db-wal", "store.db-shm"}) {
     std::filesystem::remove(folder_ / file);
@@ -61,14 +69,19 @@ void test_store::load_sample() {
 
 void test_store::refuse(const std::string& event, const std::string& table,
                         const std::string& text) {
-  run("create trigger refuse_" + event + "_" + table + " before " + event + " on " + table +
-      " begin select raise(abort, '" + text + "'); end");
+  const std::string name = "refuse_" + event + "_" + table;
+  const std::string trigger = "create trigger " + name + " before " + event + " on " + table;
+  if (!database_) return run(trigger + " begin select raise(abort, '" + text + "'); end");
+  run("create or replace function " + name + "() returns trigger language plpgsql as" +
+      " $$ begin raise exception using message = '" + text + "'; end $$");
+  run(trigger + " for each row execute function " + name + "()");
 }
 
 void test_store::stop_refusing() {
-  for (const std::string& name : rows("select name from sqlite_schema where type='trigger'")) {
-    run("drop trigger " + name);
-  }
+  const char* const triggers =
+      database_ ? "select tgname||' on '||tgrelid::regclass from pg_trigger where not tgisinternal"
+                : "select name from sqlite_schema where type='trigger'";
+  for (const std::string& trigger : rows(triggers)) run("drop trigger " + trigger);
 }
 
 }  // namespace harness

@@ -75,6 +75,7 @@ user& user::question(const std::string& text, bool ok) {
 void user::play() {
   QWidget* top = QApplication::activeModalWidget();
   const bool idle = top && top->isVisible() && (at_work_.empty() || at_work_.back() != top);
+  if (idle && QApplication::activeWindow() != top) return top->activateWindow();
   if (!idle) {
     if (now() - waiting_since_ > deadline) {
       give_up("waited too long at " + name_of(top) + " for " +

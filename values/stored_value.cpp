@@ -71,8 +71,8 @@ void set_value::show_value(const ADODB::Fields& row) {
   title_txt.set_text(title);
 }
 
-// The counter is read before anything is checked, so that a store without counters is told of
-// first.
+// The counter is read in any case: that a store has none is told even to a user who only changes a
+// value.
 void set_value::ok() {
   const std::string title = title_txt.text();
   if (title.empty()) {

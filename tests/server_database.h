@@ -1,0 +1,32 @@
+#pragma once
+
+#include <string>
+
+namespace harness {
+
+/// Whether the tests run on a server: VORLUMINE_TEST_ENGINE is "postgresql", and
+/// VORLUMINE_TEST_SERVER, a connection string, names somebody who may make databases there.
+[[nodiscard]] bool on_server();
+
+/// A database with the empty tables of a store, which goes when the object does, whoever is still
+/// connected to it.
+class server_database {
+ public:
+  server_database();
+  server_database(const server_database&) = delete;
+  server_database& operator=(const server_database&) = delete;
+  ~server_database();
+
+  [[nodiscard]] std::string connect_string() const;
+
+ private:
+  std::string name_;
+};
+
+/// Runs one statement on the server, outside of any store.
+void run_on_server(const std::string& statement);
+
+/// The server's connection string with another name of a database.
+[[nodiscard]] std::string server_connect_string(const std::string& database);
+
+}  // namespace harness
