@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <chrono>
-#include <vector>
 
 namespace bench {
 
@@ -27,6 +26,11 @@ void compare(benchmark::State& state, double limit, const std::function<void()>&
     times.push_back(milliseconds(measured));
     state.SetIterationTime(times.back() / 1000);
   }
+  report(state, limit, references, times);
+}
+
+void report(benchmark::State& state, double limit, const std::vector<double>& references,
+            const std::vector<double>& times) {
   state.counters["reference_ms"] = median(references);
   state.counters["measured_ms"] = median(times);
   state.counters["ratio"] = median(times) / median(references);

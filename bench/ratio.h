@@ -3,6 +3,7 @@
 #include <benchmark/benchmark.h>
 
 #include <functional>
+#include <vector>
 
 namespace bench {
 
@@ -10,6 +11,10 @@ namespace bench {
 /// medians of both in milliseconds and their ratio beside its limit.
 void compare(benchmark::State& state, double limit, const std::function<void()>& reference,
              const std::function<void()>& measured);
+
+/// Reports the medians of times in milliseconds in the same way.
+void report(benchmark::State& state, double limit, const std::vector<double>& references,
+            const std::vector<double>& times);
 
 /// The time that `work` takes, in milliseconds.
 double milliseconds(const std::function<void()>& work);

@@ -11,7 +11,6 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QTreeView>
-#include <stdexcept>
 
 #include "platform/fonts.h"
 #include "platform/form.h"
@@ -52,7 +51,8 @@ class tree_model : public QAbstractItemModel {
 
   tree_node& insert(tree_node& parent, std::string_view key, std::string_view text,
                     std::string_view tag) {
-    if (hidden_) return nodes_.add(parent, key, text, tag);
+    // A taken key must be refused before the view is told of a row to come.
+    if (hidden_ || nodes_.find(key)) return nodes_.add(parent, key, text, tag);
     const int row = static_cast<int>(parent.children.size());
     beginInsertRows(index_of(parent), row, row);
     tree_node& added = nodes_.add(parent, key, text, tag);
@@ -512,9 +512,6 @@ void SSTree::Drag(const Node& node) {
 
 tree_node& SSTree::insert(tree_node& parent, std::string_view key, std::string_view text,
                           std::string_view tag) {
-  if (nodes_.find(key)) {
-    throw std::runtime_error("the tree has this key already: " + std::string(key));
-  }
   return view().model.insert(parent, key, text, tag);
 }
 

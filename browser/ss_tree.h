@@ -57,7 +57,8 @@ class Node {
   [[nodiscard]] Node relative(const tree_node* node) const;
 
   SSTree* tree_ = nullptr;
-  std::weak_ptr<tree_node> node_;
+  tree_node* at_ = nullptr;        // gone when node_ is
+  std::weak_ptr<tree_node> node_;  // owns nothing: the tree does
 };
 
 /// The collection of a tree's nodes, in the order of adding.

@@ -5,12 +5,13 @@
 namespace ta_vorlumine {
 
 Node::Node(SSTree& tree, const tree_node& node)
-    : tree_(&tree), node_(node.parent->children[node.row]) {}
+    : tree_(&tree),
+      at_(node.parent->children[node.row].get()),
+      node_(node.parent->children[node.row]) {}
 
 tree_node& Node::get() const {
-  const auto node = node_.lock();
-  if (!node) throw std::runtime_error("the tree node is gone");
-  return *node;
+  if (node_.expired()) throw std::runtime_error("the tree node is gone");
+  return *at_;
 }
 
 Node Node::relative(const tree_node* node) const {

@@ -1,6 +1,7 @@
 #include "browser/tree_nodes.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace ta_vorlumine {
 namespace {
@@ -34,9 +35,11 @@ tree_node& tree_nodes::add(tree_node& parent, std::string_view key, std::string_
   added.text = text;
   added.tag = tag;
   added.position = in_order_.size();
+  if (!by_key_.emplace(added.key, &added).second) {
+    throw std::runtime_error("the tree has this key already: " + added.key);
+  }
   append_to(parent, std::move(node));
   in_order_.push_back(&added);
-  by_key_.emplace(added.key, &added);
   return added;
 }
 

@@ -40,7 +40,7 @@ struct tree_node {
 /// The nodes of a tree by key, by order of adding and by their family; knows nothing of windows.
 class tree_nodes {
  public:
-  /// Adds a node as last child of `parent`. The key must not be taken.
+  /// Adds a node as last child of `parent`. Raises std::runtime_error if the key is taken.
   tree_node& add(tree_node& parent, std::string_view key, std::string_view text,
                  std::string_view tag);
 

@@ -30,7 +30,8 @@ std::vector<std::string> texts_of(const std::vector<literal>& literals) {
 /// What a statement is kept under: a prepared statement has its parameters' types for good.
 std::string key_of(const statement_shape& shape) {
   std::string key = shape.text;
-  for (const literal& value : shape.literals) key.append(1, ' ').append(std::to_string(type_of(value)));
+  for (const literal& value : shape.literals)
+    key.append(1, ' ').append(std::to_string(type_of(value)));
   return key;
 }
 

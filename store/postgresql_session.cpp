@@ -20,8 +20,8 @@ using std::chrono::steady_clock;
 constexpr std::chrono::seconds patience(30);
 
 // The system reads lists without asking for an order, and relies on the order of the index by which
-// they are found. The planner is therefore kept from ways that give the rows in another one; what it
-// can't help doing so looks so dear to it that it would be compiled for milliseconds.
+// they are found. The planner is therefore kept from ways that give the rows in another one; what
+// it can't help doing so looks so dear to it that it would be compiled for milliseconds.
 constexpr auto session_settings =
     "SET lock_timeout='5s'; SET standard_conforming_strings=on; SET enable_seqscan=off;"
     "SET enable_bitmapscan=off; SET max_parallel_workers_per_gather=0; SET jit=off";

@@ -9,15 +9,15 @@
 
 namespace ADODB {
 
-/// The type by which PostgreSQL knows a literal that stands in a statement; 0 for a text, whose type
-/// its surroundings decide.
+/// The type by which PostgreSQL knows a literal that stands in a statement; 0 for a text, whose
+/// type its surroundings decide.
 [[nodiscard]] Oid type_of(const literal& value);
 
 /// The literal as the text form of a parameter.
 [[nodiscard]] std::string text_of(const literal& value);
 
-/// One cell of an answer. An exact number that is no whole one of 64 bits is the text of its digits,
-/// so that none is lost.
+/// One cell of an answer. An exact number that is no whole one of 64 bits is the text of its
+/// digits, so that none is lost.
 [[nodiscard]] Value cell_of(const PGresult* answer, int row, int column);
 
 }  // namespace ADODB

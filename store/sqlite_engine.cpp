@@ -48,20 +48,23 @@ struct binder {
   }
 };
 
-Value cell_of(sqlite3_stmt* statement, int column, bool is_boolean) {
+void append_cell(std::vector<Value>& cells, sqlite3_stmt* statement, int column, bool is_boolean) {
   switch (sqlite3_column_type(statement, column)) {
     case SQLITE_NULL:
-      return Value();
+      cells.emplace_back();
+      return;
     case SQLITE_INTEGER: {
       const std::int64_t number = sqlite3_column_int64(statement, column);
-      return is_boolean ? Value(number != 0) : Value(number);
+      is_boolean ? cells.emplace_back(number != 0) : cells.emplace_back(number);
+      return;
     }
     case SQLITE_FLOAT:
-      return Value(sqlite3_column_double(statement, column));
+      cells.emplace_back(sqlite3_column_double(statement, column));
+      return;
     default: {
       const auto* text = static_cast<const char*>(sqlite3_column_blob(statement, column));
       const int size = sqlite3_column_bytes(statement, column);
-      return Value(text ? std::string(text, static_cast<std::size_t>(size)) : std::string());
+      cells.emplace_back(text ? std::string(text, static_cast<std::size_t>(size)) : std::string());
     }
   }
 }
@@ -156,9 +159,14 @@ result sqlite_engine::run(kept_statement& statement) {
     statement.is_boolean = boolean_columns_of(handle);
   }
   result rows{statement.columns, {}};
-  for (; has_row; has_row = database_.step(handle))
-    for (std::size_t column = 0; column < rows.columns->size(); ++column)
-      rows.cells.push_back(cell_of(handle, static_cast<int>(column), statement.is_boolean[column]));
+  const std::size_t columns = rows.columns->size();
+  for (; has_row; has_row = database_.step(handle)) {
+    // Most results have a row or two: growing cell by cell would cost more than reading them.
+    if (rows.cells.capacity() < rows.cells.size() + columns)
+      rows.cells.reserve(2 * (rows.cells.size() + columns));
+    for (std::size_t column = 0; column < columns; ++column)
+      append_cell(rows.cells, handle, static_cast<int>(column), statement.is_boolean[column]);
+  }
   return rows;
 }
 

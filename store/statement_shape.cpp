@@ -167,6 +167,8 @@ class lifting {
     else
       shape_.text += '$' + std::to_string(shape_.literals.size());
     copied_ = position_;
+    // A quote ends a text by itself, but a number goes on as a name.
+    if (position_ < statement_.size() && is_name_part(statement_[position_])) shape_.text += ' ';
   }
 
   std::string_view statement_;

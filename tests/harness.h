@@ -33,11 +33,17 @@ class test_store {
   [[nodiscard]] std::vector<std::string> rows(std::string_view statement);
   /// The first column of the first row.
   [[nodiscard]] std::string value(std::string_view statement);
+  /// The engine's own text on refusing the statement, which it must.
+  [[nodiscard]] std::string refusal_of(std::string_view statement);
   /// The sample data, in place of the empty tables.
   void load_sample();
-  /// Makes the store refuse `event` ("insert", "update", "delete") on `table` with the text given.
-  void refuse(const std::string& event, const std::string& table, const std::string& text);
+  /// Makes the store refuse `event` ("insert", "update", "delete") on `table` with the text given,
+  /// for the rows that meet `when`, a condition on new and old.
+  void refuse(const std::string& event, const std::string& table, const std::string& text,
+              const std::string& when = "true");
   void stop_refusing();
+  /// Lets this object's connection write what the checks of the tables refuse.
+  void ignore_checks();
 
  private:
   std::filesystem::path folder_;

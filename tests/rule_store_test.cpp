@@ -55,7 +55,7 @@ TEST(RuleStoreTool, ShowsItsUsageWhenCalledWrongly) {
   for (const auto& arguments : wrong) {
     const outcome outcome = rule_store_with(arguments);
     EXPECT_EQ(outcome.code, 2);
-    EXPECT_NE(outcome.errors.find("init FILE [--sample]"), std::string::npos);
+    EXPECT_NE(outcome.errors.find("init FILE|CONNECT_STRING [--sample]"), std::string::npos);
   }
   EXPECT_FALSE(std::filesystem::exists("a"));
 }
@@ -88,11 +88,13 @@ TEST(Schema, RefusesWhatNoProgramMayStore) {
                  line + "s_method,use_type) values(1,1,2,'9','?')",
                  "insert into replace_m(replace_no,replace_m_no,replace_cond_type) values(1,1,0)",
                  "insert into replace(replace_no,kind) values(32767,'X')"});
-  EXPECT_EQ(store.value("select replace_cond_type='0' from replace_m"), "1");
+  EXPECT_EQ(store.value("select replace_cond_no from replace_m where replace_cond_type='0'"),
+            "null");
 }
 
 TEST(Schema, NeedsNoScanOfATableForTheSystemsLookUps) {
   harness::test_store store;
+  const std::string explain = harness::on_server() ? "explain " : "explain query plan ";
   for (const char* look_up : {
            "SELECT * FROM REPLACE WHERE P_REPLACE_NO = 1 ORDER BY REPLACE_NO",
            "select title from replace where title = 'a' and kind='C'",
@@ -103,8 +105,9 @@ TEST(Schema, NeedsNoScanOfATableForTheSystemsLookUps) {
            "delete from replace_cond where replace_no=1",
            "select field_id,attr from field where field_name='a'",
        })
-    for (const std::string& step : store.rows(std::string("explain query plan ") + look_up))
-      EXPECT_EQ(step.find("SCAN") + step.find("TEMP B-TREE"), 2 * std::string::npos) << step;
+    for (const std::string& step : store.rows(explain + look_up))
+      for (const char* detour : {"SCAN", "TEMP B-TREE", "Seq Scan", "Sort"})
+        EXPECT_EQ(step.find(detour), std::string::npos) << step;
 }
 
 /// Each select finds the rows that break one rule of the data's shape.
@@ -129,7 +132,8 @@ TEST(Sample, KeepsEveryRuleOfTheTrees) {
            " or c.replace_m_no<=p.replace_m_no or (c.use_type='C')<>(p.use_type='F')"
            " or p.use_type='R')",
            "select p_replace_m_no from replace_m where use_type='C' group by replace_no,"
-           "p_replace_m_no having sum(replace_cond_type='1')<>1 or count(*)<2",
+           "p_replace_m_no having sum(case replace_cond_type when '1' then 1 else 0 end)<>1 or "
+           "count(*)<2",
            "select p_replace_m_no from replace_m where use_type<>'C' and p_replace_m_no<>0 group by"
            " replace_no,p_replace_m_no having count(*)>1",
            "select replace_m_no from replace_m where use_type='C' and"

@@ -18,8 +18,9 @@ constexpr auto model = "vorlumine_empty";
 std::string server() {
   const char* const given = std::getenv("VORLUMINE_TEST_SERVER");
   if (!given)
-    throw std::runtime_error("VORLUMINE_TEST_SERVER names no server: run this command through "
-                             "scripts/postgresql_server");
+    throw std::runtime_error(
+        "VORLUMINE_TEST_SERVER names no server: run this command through "
+        "scripts/postgresql_server");
   return given;
 }
 
@@ -28,11 +29,13 @@ void ensure_model() {
   ADODB::Connection connection;
   connection.Open(server());
   connection.Execute("select pg_advisory_lock(1)");
-  const std::string look_up = std::string("select 1 from pg_database where datname='") + model + "'";
+  const std::string look_up =
+      std::string("select 1 from pg_database where datname='") + model + "'";
   if (!connection.Execute(look_up).eof()) return;
   connection.Execute("drop database if exists half_made");
   connection.Execute("create database half_made template template0");
-  rule_store::make_store(server_connect_string("half_made"), rule_store::content::empty);
+  rule_store::make_store(server_connect_string({{"database", "half_made"}}),
+                         rule_store::content::empty);
   connection.Execute(std::string("alter database half_made rename to ") + model);
 }
 
@@ -56,7 +59,7 @@ server_database::~server_database() {
 }
 
 std::string server_database::connect_string() const {
-  return server_connect_string(name_);
+  return server_connect_string({{"database", name_}});
 }
 
 void run_on_server(const std::string& statement) {
@@ -65,11 +68,12 @@ void run_on_server(const std::string& statement) {
   connection.Execute(statement);
 }
 
-std::string server_connect_string(const std::string& database) {
+std::string server_connect_string(const std::map<std::string, std::string>& changes) {
   auto settings = ADODB::read_connection_string(server());
-  settings.values["database"] = database;
   std::string text = "Driver=PostgreSQL";
-  for (const auto& [key, value] : settings.values) text += ";" + key + "={" + value + "}";
+  for (const auto& [key, value] : changes) settings.values[key] = value;
+  for (const auto& [key, value] : settings.values)
+    text.append(";").append(key).append("={").append(value).append("}");
   return text;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <map>
 #include <string>
 
 namespace harness {
@@ -26,7 +27,7 @@ class server_database {
 /// Runs one statement on the server, outside of any store.
 void run_on_server(const std::string& statement);
 
-/// The server's connection string with another name of a database.
-[[nodiscard]] std::string server_connect_string(const std::string& database);
+/// The server's connection string with other values for some of its keys.
+[[nodiscard]] std::string server_connect_string(const std::map<std::string, std::string>& changes);
 
 }  // namespace harness

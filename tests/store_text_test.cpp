@@ -103,17 +103,19 @@ TEST(StatementShape, LiftsLiteralsAndNothingElse) {
             (literals{"", 1.5, .5, 2e3, std::numeric_limits<std::int64_t>::max()}));
 
   EXPECT_EQ(shape("update t set a=' 'where b=x'00' /* '1' */ -- 2\n or c=3").text,
-            "update t set a=?where b=x'00' /* '1' */ -- 2\n or c=?");
+            "update t set a=? where b=x'00' /* '1' */ -- 2\n or c=?");
   EXPECT_EQ(shape("select a,1 from t where 番号1=1 order by 2").text,
             "select a,? from t where 番号1=? order by 2");
-  EXPECT_EQ(lift_literals("delete from t where a=1 and b='x'", placeholder::numbered).text,
-            "delete from t where a=$1 and b=$2");
+  EXPECT_EQ(lift_literals("update t set a=1,b='x'where c=''", placeholder::numbered).text,
+            "update t set a=$1,b=$2 where c=$3");
+  EXPECT_EQ(shape("select 123456789.123456,1234567890.123456").text, "select ?,1234567890.123456");
 }
 
 TEST(StatementShape, LeavesAloneWhatItMustNotTouch) {
   for (const char* text :
        {"CREATE TABLE t(a CHECK (a<5))", "PRAGMA busy_timeout=5", "",
-        "select * from t where a=1 and b='open", "select \"open from t where a=1"}) {
+        "select * from t where a=1 and b='open", "select \"open from t where a=1",
+        "select 1 from t where a=$1", "select $$it's 5$$,1", "select 1,E'it\\'s 5'"}) {
     const auto shape = lift_literals(text, placeholder::question_mark);
     EXPECT_EQ(shape.text, text);
     EXPECT_TRUE(shape.literals.empty()) << text;

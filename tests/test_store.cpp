@@ -4,6 +4,7 @@
 #include "host/embedded_scripts.h"
 #include "host/store_maker.h"
 #include "store/postgresql_session.h"
+#include "store_failure.h"
 
 namespace harness {
 
@@ -54,9 +55,14 @@ std::string test_store::value(std::string_view statement) {
   return found.empty() ? "no row" : found.front();
 }
 
+std::string test_store::refusal_of(std::string_view statement) {
+  return failure_of([&] { run(statement); }).what();
+}
+
 void test_store::load_sample() {
   if (database_) {
     ADODB::postgresql_session session(ADODB::read_connection_string(connect_string()));
+    session.run("truncate replace, replace_m, replace_cond, field");
     return session.run(rule_store::sample_script);
   }
   connection_.Close();
@@ -67,14 +73,15 @@ void test_store::load_sample() {
   connection_.Open(connect_string());
 }
 
-void test_store::refuse(const std::string& event, const std::string& table,
-                        const std::string& text) {
+void test_store::refuse(const std::string& event, const std::string& table, const std::string& text,
+                        const std::string& when) {
   const std::string name = "refuse_" + event + "_" + table;
-  const std::string trigger = "create trigger " + name + " before " + event + " on " + table;
+  const std::string trigger = "create trigger " + name + " before " + event + " on " + table +
+                              " for each row when (" + when + ")";
   if (!database_) return run(trigger + " begin select raise(abort, '" + text + "'); end");
   run("create or replace function " + name + "() returns trigger language plpgsql as" +
       " $$ begin raise exception using message = '" + text + "'; end $$");
-  run(trigger + " for each row execute function " + name + "()");
+  run(trigger + " execute function " + name + "()");
 }
 
 void test_store::stop_refusing() {
@@ -82,6 +89,14 @@ void test_store::stop_refusing() {
       database_ ? "select tgname||' on '||tgrelid::regclass from pg_trigger where not tgisinternal"
                 : "select name from sqlite_schema where type='trigger'";
   for (const std::string& trigger : rows(triggers)) run("drop trigger " + trigger);
+}
+
+void test_store::ignore_checks() {
+  if (!database_) return run("pragma ignore_check_constraints=on");
+  for (const std::string& check :
+       rows("select conrelid::regclass||' drop constraint '||conname from pg_constraint"
+            " where contype='c' and conrelid<>0"))
+    run("alter table " + check);
 }
 
 }  // namespace harness

@@ -1,0 +1,131 @@
+#include <gtest/gtest.h>
+#include <sqlite3.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <fstream>
+#include <iterator>
+
+#include "harness.h"
+#include "store/key_counters.h"
+#include "store_failure.h"
+
+using namespace ADODB;
+
+namespace {
+
+std::string content_of(const std::filesystem::path& file) {
+  std::ifstream stream(file, std::ios::binary);
+  return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+void write(const std::filesystem::path& file, const std::string& content) {
+  std::ofstream(file, std::ios::binary) << content;
+}
+
+void run_apart(const std::filesystem::path& file, const char* script) {
+  sqlite3* database = nullptr;
+  ASSERT_EQ(sqlite3_open(file.c_str(), &database), SQLITE_OK);
+  EXPECT_EQ(sqlite3_exec(database, script, nullptr, nullptr, nullptr), SQLITE_OK);
+  sqlite3_close(database);
+}
+
+/// File modes don't bind root: a test of them goes on as somebody else meanwhile.
+class without_rights {
+ public:
+  without_rights() {
+    if (::geteuid() == 0 && ::seteuid(65534) != 0) throw std::runtime_error("seteuid");
+  }
+  without_rights(const without_rights&) = delete;
+  without_rights& operator=(const without_rights&) = delete;
+  ~without_rights() {
+    if (::seteuid(::getuid()) != 0) std::abort();
+  }
+};
+
+class SqliteEngine : public testing::Test {
+ protected:
+  SqliteEngine() { connection.Open(store.connect_string()); }
+
+  [[nodiscard]] std::filesystem::path file(const char* name) const { return store.folder() / name; }
+
+  harness::test_store store;
+  Connection connection;
+};
+
+TEST_F(SqliteEngine, OpenFailsOnWhatIsNoStoreAndMakesNothing) {
+  Connection other;
+  write(file("text"), std::string(5000, 'x'));
+  write(file("empty"), "");
+  std::filesystem::create_directory(file("folder"));
+  for (const char* name : {"missing", "folder", "text", "empty", "missing/a"}) {
+    const std::string path = file(name).string();
+    const Error failure = failure_of([&] { other.Open("Driver=SQLite;Database=" + path); });
+    EXPECT_TRUE(std::string(failure.what()).starts_with(path + ": ")) << failure.what();
+    EXPECT_FALSE(other.is_open());
+  }
+  EXPECT_EQ(content_of(file("text")), std::string(5000, 'x'));
+  EXPECT_EQ(content_of(file("empty")), "");
+  EXPECT_FALSE(std::filesystem::exists(file("missing")));
+  EXPECT_THROW(other.Open("Driver=SQLite;Database=:memory:"), Error);
+}
+
+TEST_F(SqliteEngine, OpenFailsWhereItMayOnlyRead) {
+  run_apart(file("locked.db"), "create table t(a)");
+  ::chmod(store.folder().c_str(), 0755);
+  ::chmod(file("locked.db").c_str(), 0444);
+  Connection other;
+  const without_rights meanwhile;
+  const Error failure =
+      failure_of([&] { other.Open("Driver=SQLite;Database=" + file("locked.db").string()); });
+  EXPECT_NE(std::string(failure.what()).find("locked.db: attempt to write a readonly"),
+            std::string::npos)
+      << failure.what();
+}
+
+TEST_F(SqliteEngine, OpenPutsStoresIntoWalModeAndChangesNothingElse) {
+  Connection other;
+  run_apart(file("plain.db"), "create table t(a)");
+  const std::string before = content_of(file("plain.db"));
+  other.Open("Driver=SQLite;Database=" + file("plain.db").string());
+  other.Close();
+  EXPECT_EQ(content_of(file("plain.db")), before);
+
+  run_apart(file("old.db"), "create table seqno(replace, replace_m, replace_cond)");
+  other.Open("Driver=SQLite;Database=" + file("old.db").string());
+  EXPECT_EQ(other.Execute("PRAGMA journal_mode").Fields().Item(0).Value().text(), "wal");
+}
+
+TEST_F(SqliteEngine, WritesNothingMoreInATransactionThatTheEngineTookBack) {
+  store.run("create trigger t before delete on field begin select raise(rollback, 'full'); end");
+  store.run("insert into field values('a','a','T')");
+  connection.BeginTrans();
+  connection.Execute("update seqno set replace=5");
+  EXPECT_STREQ(failure_of([&] { connection.Execute("delete from field"); }).what(), "full");
+  EXPECT_THROW(connection.Execute("update seqno set replace=6"), Error);
+  EXPECT_THROW(connection.CommitTrans(), Error);
+  connection.RollbackTrans();
+  EXPECT_EQ(store.value("select replace from seqno"), "0");
+  connection.Execute("update seqno set replace=6");
+}
+
+TEST_F(SqliteEngine, WaitsForAnotherProgramSomeSecondsThenIsBusy) {
+  Connection other;
+  other.Open(store.connect_string());
+  other.BeginTrans();
+  advance_number(other, "replace");
+  // Who has read already is told at once to begin anew; who has not waits.
+  for (const bool has_read : {true, false}) {
+    connection.BeginTrans();
+    if (has_read) (void)last_number(connection, "replace");
+    const auto start = std::chrono::steady_clock::now();
+    const Error failure = failure_of([&] { advance_number(connection, "replace"); });
+    EXPECT_EQ(failure.kind(), has_read ? failure_kind::stale : failure_kind::busy);
+    EXPECT_EQ(std::chrono::steady_clock::now() - start < std::chrono::seconds(4), has_read);
+    connection.RollbackTrans();
+  }
+}
+
+}  // namespace
