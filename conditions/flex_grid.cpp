@@ -67,7 +67,9 @@ void VSFlexGrid::DataSource(const ADODB::Recordset& records) {
       const ADODB::Fields fields = rows.Fields();
       const auto columns = static_cast<int>(fields.Count()) + 1;
       if (cells_.columns() < columns) cells_.set_columns(columns);
-      std::vector<std::string> cells{std::string()};
+      std::vector<std::string> cells;
+      cells.reserve(fields.Count() + 1);
+      cells.emplace_back();
       for (std::size_t i = 0; i < fields.Count(); ++i) {
         cells.push_back(fields.Item(i).Value().text());
       }

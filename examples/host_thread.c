@@ -1,25 +1,23 @@
-/* Shows the title browser on a thread of its own, while the program goes on, and then once more on
- * another thread. */
+/* Shows the title browser twice on a thread of its own, while the program goes on. */
 
 #include <pthread.h>
 #include <stdio.h>
 
 #include "ta_vorlumine/ta_vorlumine.h"
 
-static void* show(void* editor) {
-  return ta_vorlumine_show(editor) ? editor : NULL;
+static void* show_twice(void* editor) {
+  return ta_vorlumine_show(editor) || ta_vorlumine_show(editor) ? editor : NULL;
 }
 
-static int show_on_a_thread(ta_vorlumine_editor* editor) {
+static int run(ta_vorlumine_editor* editor) {
   pthread_t thread;
   void* failed = NULL;
 
-  if (pthread_create(&thread, NULL, show, editor) != 0) {
+  if (pthread_create(&thread, NULL, show_twice, editor) != 0) {
     fprintf(stderr, "no thread\n");
     return 1;
   }
   puts("The browser runs on a thread of its own.");
-  fflush(stdout);
   pthread_join(thread, &failed);
   if (failed) fprintf(stderr, "%s\n", ta_vorlumine_last_failure(editor));
   return failed != NULL;
@@ -34,8 +32,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   editor = ta_vorlumine_create();
-  failed = ta_vorlumine_set_connect_string(editor, argv[1]) || show_on_a_thread(editor) ||
-           show_on_a_thread(editor);
+  failed = ta_vorlumine_set_connect_string(editor, argv[1]) || run(editor);
   ta_vorlumine_destroy(editor);
   return failed;
 }

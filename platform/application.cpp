@@ -1,13 +1,12 @@
 #include "platform/application.h"
 
+#include <xcb/xcb.h>
 #include <QApplication>
 #include <QLibraryInfo>
 #include <QThread>
 #include <QTranslator>
-#include <atomic>
+#include <mutex>
 #include <stdexcept>
-
-#include <xcb/xcb.h>
 
 namespace platform {
 namespace {
@@ -30,41 +29,46 @@ bool has_display() {
   return x_server_answers();
 }
 
-/// One call at a time in the process: the toolkit has one application object, which is not safe to
-/// look at while another thread makes or ends it.
-class turn {
- public:
-  turn() {
-    if (taken_.test_and_set()) throw std::runtime_error("windows run on another thread already");
-  }
-  turn(const turn&) = delete;
-  turn& operator=(const turn&) = delete;
-  ~turn() { taken_.clear(); }
-
- private:
-  static inline std::atomic_flag taken_;
-};
-
-}  // namespace
-
-struct application::parts {
-  turn held;
-  std::unique_ptr<QApplication> own;
-  QTranslator japanese;
-};
-
-application::application() : parts_(std::make_unique<parts>()) {
+void require_windows() {
+  const QCoreApplication* hosts = QCoreApplication::instance();
   // Without a display the toolkit would end the host's process.
-  if (!QCoreApplication::instance() && !has_display()) {
+  if (!hosts && !has_display()) {
     throw std::runtime_error("no display: windows cannot be shown here");
   }
-  const QCoreApplication* hosts = QCoreApplication::instance();
   if (hosts && !qobject_cast<const QApplication*>(hosts)) {
     throw std::runtime_error("the host's application object can show no windows");
   }
   if (hosts && hosts->thread() != QThread::currentThread()) {
     throw std::runtime_error("windows can only be shown on the thread of the host's application");
   }
+}
+
+// The toolkit takes the first thread with windows for its own, for good: on another one they come
+// up, but no key and no click reaches them.
+std::mutex claiming;
+bool claimed = false;
+thread_local bool is_window_thread = false;
+
+void claim_thread() {
+  const std::lock_guard lock(claiming);
+  if (claimed && !is_window_thread) {
+    throw std::runtime_error("windows can only be shown on the thread that showed the first one");
+  }
+  require_windows();
+  claimed = is_window_thread = true;
+}
+
+}  // namespace
+
+struct application::parts {
+  std::unique_ptr<QApplication> own;
+  QTranslator japanese;
+};
+
+application::application() {
+  claim_thread();
+  const bool hosts = QCoreApplication::instance() != nullptr;
+  parts_ = std::make_unique<parts>();
   if (!hosts) parts_->own = std::make_unique<QApplication>(argument_count, arguments);
   if (parts_->japanese.load("qtbase_ja", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     QCoreApplication::installTranslator(&parts_->japanese);

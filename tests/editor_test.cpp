@@ -30,7 +30,7 @@ class Editor : public testing::Test {
     rule(15, 14, "'C',null,'0',2,null,null");
     rule(16, 14, "'C',null,'1',null,null,null");
     rule(17, 15, "'R',null,null,null,'誕生','S'");
-    store.run("update replace_m set r_text='%11' || char(10) || '''😀%01' where replace_m_no=13");
+    store.run("update replace_m set r_text='%11\n''😀%01' where replace_m_no=13");
     store.run_all({
         "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_method,s_val) "
         "values(7,1,1,'S',1,'東'),(7,1,3,'S',3,'西%05'),(7,1,4,'S',9,'消える')",
@@ -145,7 +145,7 @@ TEST_F(Editor, ShowsRowsThatOtherProgramsWrote) {
       "delete from replace_m where replace_m_no=13",
       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_method,s_val) "
       "values(7,4,1,'S',1,'前'),(7,4,3,'S',2,'後')",
-      "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,b_val) values(7,4,2,'B',0)",
+      "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,b_val) values(7,4,2,'B',False)",
       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,n_f_val,n_f_method,"
       "n_t_val,n_t_method) values(7,3,1,'N',0.1,1,12345678901,2),(7,3,2,'N',5,7,null,null)",
       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type) values(7,3,3,'Q')",
@@ -237,9 +237,7 @@ TEST_F(Editor, CopiesADefinitionDeepUnderNewKeys) {
 
 TEST_F(Editor, ACopyThatFailsLeavesNothingBehind) {
   store.run("update seqno set replace=6");  // 7 and 8 are taken: the counter heals
-  store.run(
-      "create trigger stop before insert on replace_m when new.replace_title='誕生' "
-      "begin select raise(abort, 'ここまで'); end");
+  store.refuse("insert", "replace_m", "ここまで", "new.replace_title='誕生'");
   user script = opened("敬称", "copy");
   script.message("ここまで");
   script.in("replaceForm", [] {

@@ -77,9 +77,10 @@ TEST_F(TitleBrowser, SelectionAllowsWhatTheNodeTakesAndShowsItsRemark) {
 
 TEST_F(TitleBrowser, ARefusedLevelIsToldAndCostsThatLevelAlone) {
   store.run("alter table replace_m rename to replace_n");
+  const std::string refusal = store.refusal_of("select * from replace_m");
   user()
-      .message("no such table: replace_m")
-      .message("no such table: replace_m")
+      .message(refusal)
+      .message(refusal)
       .in("replaceForm",
           [] {
             EXPECT_EQ(tree_lines(),

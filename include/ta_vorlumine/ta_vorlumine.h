@@ -5,8 +5,9 @@
  * when it failed, and ta_vorlumine_last_failure tells why.
  *
  * An editor is used by one thread at a time. The window runs on the thread that calls
- * ta_vorlumine_show: that of the host's toolkit application if the host has one, else any thread,
- * but one at a time in the whole process.
+ * ta_vorlumine_show. That is the thread of the host's toolkit application if the host has one, else
+ * any thread, but the same for all editors of the process as long as it lives: elsewhere the call
+ * fails.
  */
 #ifndef TA_VORLUMINE_H
 #define TA_VORLUMINE_H
