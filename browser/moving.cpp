@@ -40,7 +40,6 @@ void replaceForm::move_on_tree(int buttons) {
   if (drag_source_node.is_empty() || buttons != left_button) return;
   drag_running = true;
   SSTree1.Drag(SSTree1.SelectedItem());
-  drag_running = false;
 }
 
 void replaceForm::drag_over_tree(int x, int y) {

@@ -86,7 +86,7 @@ class replaceForm {
   void drop_on_tree();
 
   Node drag_source_node;      ///< the node under the pointer at the last press, or empty
-  bool drag_running = false;  ///< from the start of a drag to its end
+  bool drag_running = false;  ///< from the start of a drag to its drop
 };
 
 }  // namespace ta_vorlumine

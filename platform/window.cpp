@@ -10,7 +10,8 @@
 namespace platform {
 
 window::window(Form& form, QWidget* owner) : QDialog(owner), form_(form) {
-  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+  setWindowFlags(Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                 Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint);
   qApp->installEventFilter(this);
 }
 

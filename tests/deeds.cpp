@@ -3,18 +3,16 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
-#include <QDrag>
-#include <QDropEvent>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTest>
 #include <QToolButton>
 #include <QTreeView>
 #include <stdexcept>
 
+#include "browser/replace_form.h"
 #include "harness.h"
 
 namespace harness {
@@ -124,6 +122,23 @@ void choose(const std::string& combo, const std::string& item) {
 void click_node(const std::string& path) {
   const QPoint place = place_of(node(path));
   QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, place);
+}
+
+// Without a display the toolkit's drag is over as soon as it starts: the way and the drop are told
+// to the tree's own events.
+void drag_node(const std::string& from_path, const std::string& to_path) {
+  QWidget& area = *tree().viewport();
+  const QPoint from = place_of(node(from_path));
+  const QPoint to = tree().visualRect(node(to_path)).center();
+  QTest::mousePress(&area, Qt::LeftButton, {}, from);
+  const QPoint off = from + QPoint(2 * QApplication::startDragDistance(), 0);
+  QMouseEvent move(QEvent::MouseMove, off, area.mapToGlobal(off), Qt::NoButton, Qt::LeftButton, {});
+  QApplication::sendEvent(&area, &move);
+  auto& browser = platform::form<ta_vorlumine::replaceForm>();
+  browser.window.guarded([&] {
+    browser.SSTree1.on_drag_over(to.x(), to.y());
+    browser.SSTree1.on_drop();
+  });
 }
 
 std::vector<std::string> tree_lines() {

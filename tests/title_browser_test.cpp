@@ -248,6 +248,40 @@ TEST_F(TitleBrowser, AFolderKeyTakenByAnotherProgramHealsTheCounter) {
   EXPECT_EQ(titles().size(), 6U);
 }
 
+TEST_F(TitleBrowser, FilesNodesByDraggingThem) {
+  const std::string refused = "この場所への移動はできません";
+  store.run("insert into replace values(6,4,'F','宛名',null,0)");  // a namesake
+  in_browser([] { drag_node("年賀状", "総務/宛名"); })
+      .in("replaceForm",
+          [] {
+            EXPECT_EQ(tree_lines(), (rows{"条件設定", "  営業", "    宛名", "      敬称", "  総務",
+                                          "    宛名", "      年賀状"}));
+            EXPECT_EQ(enabled_buttons(), "update copy del close");
+            drag_node("年賀状", "敬称");       // onto a definition: nothing
+            drag_node("営業/宛名", "総務/宛名");  // onto a namesake: nothing
+            drag_node("条件設定", "総務");     // the root stays
+            drag_node("営業", "宛名");         // into its own subtree
+          })
+      .message(refused)
+      .in("replaceForm",
+          [this] {
+            drag_node("敬称", "条件設定");
+            store.refuse("update", "replace", "動かせません");
+            drag_node("年賀状", "営業");
+          })
+      .message("動かせません")
+      .in("replaceForm",
+          [this] {
+            store.stop_refusing();
+            store.run("delete from replace where replace_no=3");
+            drag_node("敬称", "総務");
+          })
+      .message("対象の行は他のプログラムによって削除されています。一覧を読み直します。")
+      .in("replaceForm", [] { close(); })
+      .browse(store);
+  EXPECT_EQ(titles(), (rows{"1|0|F|営業", "2|1|F|宛名", "4|0|F|総務", "5|6|C|年賀状", "6|4|F|宛名"}));
+}
+
 TEST_F(TitleBrowser, ClipboardKeysNeverReachTheTree) {
   in_browser([] {
     click_node("営業");
