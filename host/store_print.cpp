@@ -1,68 +1,16 @@
 #include "host/store_print.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <set>
 #include <string>
 #include <tuple>
+#include <utility>
+
+#include "host/print_text.h"
 
 namespace rule_store {
 namespace {
-
-/// The text in quotes, on one line.
-std::string quoted(std::string_view text) {
-  std::string result = "\"";
-  for (const char letter : text) {
-    switch (letter) {
-      case '\n':
-        result += "\\n";
-        break;
-      case '\r':
-        result += "\\r";
-        break;
-      case '\t':
-        result += "\\t";
-        break;
-      case '"':
-        result += "\\\"";
-        break;
-      case '\\':
-        result += "\\\\";
-        break;
-      default:
-        result += letter;
-    }
-  }
-  return result + '"';
-}
-
-using words = std::array<const char*, 4>;  // by method; a method outside the words shows its code
-
-constexpr words text_words{nullptr, "contains", "begins with", "is"};
-constexpr words from_words{nullptr, "from", "after", nullptr};
-constexpr words to_words{nullptr, "to", "before", nullptr};
-
-std::string comparison(const char* end, const bound& with, const words& known) {
-  const std::string code = with.method.text();
-  const bool has_word =
-      code.size() == 1 && code[0] >= '1' && code[0] <= '3' && known[code[0] - '0'];
-  const std::string how = has_word ? known[code[0] - '0'] : end + (" method " + quoted(code));
-  return " " + how + " " + quoted(with.value.text());
-}
-
-std::string range(const bound& from, const bound& to) {
-  return (from.value.is_null() ? "" : comparison("lower", from, from_words)) +
-         (to.value.is_null() ? "" : comparison("upper", to, to_words));
-}
-
-std::string comparison(const line_row& line) {
-  if (line.use_type == "S") return "text" + comparison("whole", line.text, text_words);
-  if (line.use_type == "D") return "date" + range(line.date_from, line.date_to);
-  if (line.use_type == "N") return "number" + range(line.number_from, line.number_to);
-  if (line.use_type != "B") return "line of type " + quoted(line.use_type);
-  return line.answer.is_null() ? "unanswered" : line.answer.truth() ? "yes" : "no";
-}
 
 class printer {
  public:
@@ -77,15 +25,20 @@ class printer {
   }
 
   void print() {
-    print_folder(0);
+    print_titles();
     print_left_out("replace", rows_.titles.size() - titles_);
     print_left_out("replace_m", rows_.rules.size() - rules_);
     print_left_out("replace_cond", rows_.lines.size() - lines_.size());
   }
 
  private:
-  void print_line(const std::string& text, std::initializer_list<key> keys = {}) {
-    for (int level = 0; level < level_; ++level) output_ << "  ";
+  /// The rows that are to be printed yet, the next one last, each with its level. Trees may be too
+  /// deep for a routine that calls itself.
+  template <class Row>
+  using waiting_rows = std::vector<std::pair<const Row*, int>>;
+
+  void print_line(int level, const std::string& text, std::initializer_list<key> keys = {}) {
+    for (int i = 0; i < level; ++i) output_ << "  ";
     output_ << text;
     if (keys_ == key_display::shown) {
       for (const key key : keys) output_ << " #" << key;
@@ -93,49 +46,68 @@ class printer {
     output_ << '\n';
   }
 
-  void print_left_out(const char* table, std::size_t count) {
-    if (count > 0)
-      print_line(std::string(table) + " rows outside the trees: " + std::to_string(count));
+  void print_left_out(const std::string& table, std::size_t count) {
+    if (count > 0) print_line(0, table + " rows outside the trees: " + std::to_string(count));
   }
 
-  void print_folder(key folder) {
+  void print_titles() {
+    waiting_rows<title_row> waiting;
+    add_content(0, 0, waiting);
+    while (!waiting.empty()) {
+      const auto [row, level] = waiting.back();
+      waiting.pop_back();
+      print_title(*row, level);
+      add_content(row->no, level + 1, waiting);
+    }
+  }
+
+  void add_content(key folder, int level, waiting_rows<title_row>& waiting) {
     const auto content = by_folder_.find(folder);
     if (content == by_folder_.end()) return;
-    for (const title_row* row : content->second) print_title(*row);
+    const auto& rows = content->second;
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row) waiting.emplace_back(*row, level);
   }
 
-  void print_title(const title_row& row) {
+  void print_title(const title_row& row, int level) {
     ++titles_;
     const std::string kind = row.kind == "F"   ? "folder "
                              : row.kind == "C" ? "definition "
                                                : "kind " + quoted(row.kind) + " ";
-    print_line(kind + (row.title.is_null() ? "null" : quoted(row.title.text())), {row.no});
-    ++level_;
+    print_line(level, kind + (row.title.is_null() ? "null" : quoted(row.title.text())), {row.no});
     // An empty remark is stored as a blank.
-    if (!row.comment.empty() && row.comment != " ") print_line("remark " + quoted(row.comment));
-    if (row.kind == "C") print_children(row.no, 0);
-    print_folder(row.no);
-    --level_;
+    if (!row.comment.empty() && row.comment != " ") {
+      print_line(level + 1, "remark " + quoted(row.comment));
+    }
+    if (row.kind == "C") print_rules(row.no, level + 1);
   }
 
-  void print_children(key definition, key parent) {
-    for (const rule_row& row : rows_.children(definition, parent)) print_rule(row);
+  void print_rules(key definition, int level) {
+    waiting_rows<rule_row> waiting;
+    add_children(definition, 0, level, waiting);
+    while (!waiting.empty()) {
+      const auto [row, row_level] = waiting.back();
+      waiting.pop_back();
+      print_rule(*row, row_level);
+      add_children(definition, row->no, row_level + 1, waiting);
+    }
   }
 
-  void print_rule(const rule_row& row) {
+  void add_children(key definition, key parent, int level, waiting_rows<rule_row>& waiting) {
+    const auto rows = rows_.children(definition, parent);
+    for (auto row = rows.rbegin(); row != rows.rend(); ++row) waiting.emplace_back(&*row, level);
+  }
+
+  void print_rule(const rule_row& row, int level) {
     ++rules_;
-    print_line(heading(row), {row.no});
-    ++level_;
-    if (row.is_condition()) print_lines(row);
-    if (row.use_type == "R") print_line(content(row));
-    print_children(row.definition, row.no);
-    --level_;
+    print_line(level, heading(row), {row.no});
+    if (row.is_condition()) print_lines(row, level + 1);
+    if (row.use_type == "R") print_line(level + 1, content(row));
   }
 
-  void print_lines(const rule_row& row) {
+  void print_lines(const rule_row& row, int level) {
     for (const line_row& line : rows_.lines_of(row.definition, row.lines)) {
       lines_.insert(&line);
-      print_line(comparison(line), {line.condition, line.sno});
+      print_line(level, line_text(line), {line.condition, line.sno});
     }
   }
 
@@ -164,7 +136,6 @@ class printer {
   key_display keys_;
   std::ostream& output_;
   std::map<key, std::vector<const title_row*>> by_folder_;
-  int level_ = 0;
   // What has been printed of each table. Two conditions may wrongly share their lines.
   std::size_t titles_ = 0;
   std::size_t rules_ = 0;

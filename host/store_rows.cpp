@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <tuple>
+#include <utility>
 
 #include "store/connection.h"
 
@@ -136,6 +137,13 @@ void sort(store_rows& rows) {
   std::ranges::sort(rows.lines, {}, [](const line_row& row) { return place(row); });
 }
 
+/// The rows that have this key. `rows` stand in the order of it.
+template <class Row, class Key, class Projection>
+std::span<const Row> equal_rows(std::span<const Row> rows, const Key& wanted, Projection key_of) {
+  const auto first = std::ranges::lower_bound(rows, wanted, {}, key_of);
+  return {first, std::ranges::upper_bound(first, rows.end(), wanted, {}, key_of)};
+}
+
 }  // namespace
 
 const title_row* store_rows::title(key no) const {
@@ -144,18 +152,17 @@ const title_row* store_rows::title(key no) const {
 }
 
 std::span<const rule_row> store_rows::rules_of(key definition) const {
-  return {std::ranges::equal_range(rules, definition, {}, &rule_row::definition)};
+  return equal_rows<rule_row>(rules, definition, &rule_row::definition);
 }
 
 std::span<const rule_row> store_rows::children(key definition, key parent) const {
-  return {std::ranges::equal_range(rules_of(definition), parent, {}, &rule_row::parent)};
+  return equal_rows<rule_row>(rules_of(definition), parent, &rule_row::parent);
 }
 
 std::span<const line_row> store_rows::lines_of(key definition, key condition) const {
-  const auto owner = std::make_pair(definition, condition);
-  return {std::ranges::equal_range(lines, owner, {}, [](const line_row& line) {
-    return std::make_pair(line.definition, line.condition);
-  })};
+  return equal_rows<line_row>(
+      lines, std::make_pair(definition, condition),
+      [](const line_row& line) { return std::make_pair(line.definition, line.condition); });
 }
 
 store_rows read_store(const std::string& connect_string) {

@@ -67,9 +67,9 @@ struct application::parts {
 
 application::application() {
   claim_thread();
-  const bool hosts = QCoreApplication::instance() != nullptr;
+  const bool host_has_one = QCoreApplication::instance() != nullptr;
   parts_ = std::make_unique<parts>();
-  if (!hosts) parts_->own = std::make_unique<QApplication>(argument_count, arguments);
+  if (!host_has_one) parts_->own = std::make_unique<QApplication>(argument_count, arguments);
   if (parts_->japanese.load("qtbase_ja", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     QCoreApplication::installTranslator(&parts_->japanese);
   }

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <sstream>
 
 #include "harness.h"
+#include "host/print_text.h"
 #include "host/store_check.h"
 #include "host/store_commands.h"
 #include "host/store_print.h"
@@ -101,9 +101,6 @@ TEST_F(StoreCheck, FindsFoldersOutOfShape) {
 }
 
 TEST_F(StoreCheck, FindsRuleTreesOutOfShape) {
-  const std::string rule =
-      "insert into replace_m(replace_no,p_replace_m_no,replace_m_no,use_type,replace_cond_type,"
-      "replace_type,field_id) values(2,";
   expect_faults({
       {"delete from replace where replace_no=2",
        {"replace_m 2/1: its definition does not exist",
@@ -115,11 +112,10 @@ TEST_F(StoreCheck, FindsRuleTreesOutOfShape) {
       {"update replace_m set p_replace_m_no=2 where replace_m_no=1",
        {"replace_m 2/1: a lower number than its parent 2", "replace_m 2/2: 2 children",
         "replace_m 2/1: lies in a loop: 1 under 2 under 1"}},
-      {rule + "0,4,'C','0','S','T1') on conflict (replace_no,replace_m_no) do update set p_replace_m_no=0",
-       {"replace 2: 2 top rows"}},
+      {"update replace_m set p_replace_m_no=0 where replace_m_no=4", {"replace 2: 2 top rows"}},
       {"update replace set replace_m_no=7 where replace_no=2",
        {"replace_m 2/1: the top field, for which 7 is reserved"}},
-      {rule + "4,4,'R',null,'S',null) on conflict (replace_no,replace_m_no) do update set p_replace_m_no=1",
+      {"update replace_m set p_replace_m_no=1 where replace_m_no=4",
        {"replace_m 2/4: \"R\" under 1, which is \"F\""}},
       {"update replace_m set field_id='X' where replace_m_no=1",
        {"replace_m 2/1: there is no field \"X\""}},
@@ -142,12 +138,16 @@ TEST_F(StoreCheck, FindsRuleTreesOutOfShape) {
 }
 
 TEST_F(StoreCheck, FindsLinesOutOfShape) {
+  std::string text;
+  for (int i = 0; i < 101; ++i) text += "長";
   const std::string line = "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,";
   const std::string date = "\"D\" for a field with the attr \"T\"";
   expect_faults({
       {"delete from replace_cond", {"replace_m 2/2: a condition without lines"}},
       {line + "s_val,s_method) values(1,1,1,'S','a',1)",
        {"replace_cond 1/1/1: no condition points to it"}},
+      {line + "s_val,s_method) values(2,1,2,'S','" + text + "',1)",
+       {"replace_cond 2/1/2: an s_val of 101 characters"}},
       {line + "s_val,s_method) values(2,1,2,'S','a',4)",
        {"replace_cond 2/1/2: unknown s_method \"4\""}},
       {line + "s_val,s_method) values(2,1,2,'Z','a',1)",
@@ -195,6 +195,29 @@ TEST(StorePrint, TellsTheTreesWithoutNumbers) {
   EXPECT_EQ(printed(store),
             "replace rows outside the trees: 2\nreplace_m rows outside the trees: 4\n"
             "replace_cond rows outside the trees: 2\n");
+}
+
+TEST(StorePrint, PutsLinesIntoWords) {
+  using rule_store::bound;
+  using rule_store::line_text;
+  const auto end = [](const char* value, std::int64_t method) {
+    return bound{ADODB::Value(std::string(value)), ADODB::Value(method)};
+  };
+  rule_store::line_row line = {};
+  line.use_type = "D";
+  line.date_from = end("2024/01/01", 2);
+  EXPECT_EQ(line_text(line), "date after \"2024/01/01\"");
+  line.date_to = end("2024/12/31", 1);
+  EXPECT_EQ(line_text(line), "date after \"2024/01/01\" to \"2024/12/31\"");
+  line.use_type = "N";
+  line.number_to = end("5", 9);
+  EXPECT_EQ(line_text(line), "number upper method \"9\" \"5\"");
+  line.use_type = "B";
+  EXPECT_EQ(line_text(line), "unanswered");
+  line.answer = ADODB::Value(false);
+  EXPECT_EQ(line_text(line), "no");
+  line.use_type = "X\t";
+  EXPECT_EQ(line_text(line), "line of type \"X\\t\"");
 }
 
 TEST(StoreCommands, TellByTheirExitCodeHowACheckEnded) {

@@ -257,10 +257,10 @@ TEST_F(TitleBrowser, FilesNodesByDraggingThem) {
             EXPECT_EQ(tree_lines(), (rows{"条件設定", "  営業", "    宛名", "      敬称", "  総務",
                                           "    宛名", "      年賀状"}));
             EXPECT_EQ(enabled_buttons(), "update copy del close");
-            drag_node("年賀状", "敬称");       // onto a definition: nothing
+            drag_node("年賀状", "敬称");          // onto a definition: nothing
             drag_node("営業/宛名", "総務/宛名");  // onto a namesake: nothing
-            drag_node("条件設定", "総務");     // the root stays
-            drag_node("営業", "宛名");         // into its own subtree
+            drag_node("条件設定", "総務");        // the root stays
+            drag_node("営業", "宛名");            // into its own subtree
           })
       .message(refused)
       .in("replaceForm",
@@ -279,7 +279,8 @@ TEST_F(TitleBrowser, FilesNodesByDraggingThem) {
       .message("対象の行は他のプログラムによって削除されています。一覧を読み直します。")
       .in("replaceForm", [] { close(); })
       .browse(store);
-  EXPECT_EQ(titles(), (rows{"1|0|F|営業", "2|1|F|宛名", "4|0|F|総務", "5|6|C|年賀状", "6|4|F|宛名"}));
+  EXPECT_EQ(titles(),
+            (rows{"1|0|F|営業", "2|1|F|宛名", "4|0|F|総務", "5|6|C|年賀状", "6|4|F|宛名"}));
 }
 
 TEST_F(TitleBrowser, ClipboardKeysNeverReachTheTree) {
