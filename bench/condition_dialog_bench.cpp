@@ -64,7 +64,8 @@ class long_condition {
   static std::string insert(int sno) {
     const std::string number = std::to_string(sno);
     return "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_val,s_method) "
-           "values(1,1,'" + number + "','S','比較する値" + number + "','1')";
+           "values(1,1,'" +
+           number + "','S','比較する値" + number + "','1')";
   }
 
   void open_dialog() {
@@ -119,8 +120,7 @@ void condition_ok(benchmark::State& state) {
       send(bare.get(), "COMMIT");
     }));
     condition.open_dialog();
-    times.push_back(
-        bench::milliseconds([] { form<r_text_cond>().dialog.Command1.on_click(); }));
+    times.push_back(bench::milliseconds([] { form<r_text_cond>().dialog.Command1.on_click(); }));
     state.SetIterationTime(times.back() / 1000);
   }
   bench::report(state, 1.5, references, times);

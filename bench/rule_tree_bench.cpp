@@ -45,10 +45,11 @@ void bare_tree(sqlite3* database) {
        [&](sqlite3_stmt* row) {
          const std::string type = column(row, 2);
          if (type == "F") {
-           look_ups.push_back("select field_name from field where field_id='" + column(row, 3) + "'");
+           look_ups.push_back("select field_name from field where field_id='" + column(row, 3) +
+                              "'");
          } else if (type == "C" && column(row, 4) != "1") {
-           look_ups.push_back("select * from replace_cond where replace_cond_no=" +
-                              column(row, 5) + " and replace_no=1");
+           look_ups.push_back("select * from replace_cond where replace_cond_no=" + column(row, 5) +
+                              " and replace_no=1");
          }
        });
   for (const std::string& statement : look_ups) send(database, statement);
@@ -94,8 +95,8 @@ void value_ok(benchmark::State& state) {
   bench::compare(
       state, 1.5, [] { form<replace_create>().init_tree(); },
       [] {
-        const Node value = form<replace_create>().SSTree1.Nodes.Item(
-            form<replace_create>().SSTree1.Nodes.Count());
+        const Node value =
+            form<replace_create>().SSTree1.Nodes.Item(form<replace_create>().SSTree1.Nodes.Count());
         form<replace_create>().SSTree1.on_node_click(value);
         form<set_value>().window.load();
         form<set_value>().title_txt.set_text("新しい値");

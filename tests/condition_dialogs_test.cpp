@@ -33,8 +33,10 @@ class ConditionDialogs : public edited_rule {
   void definition(int key, const std::string& field, const std::string& title) {
     const std::string no = std::to_string(key);
     store.run("insert into replace values(" + no + ",0,'C','" + title + "',null," + no + ")");
-    store.run("insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id) "
-              "values(" + no + "," + no + ",0,'F','" + field + "')");
+    store.run(
+        "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id) "
+        "values(" +
+        no + "," + no + ",0,'F','" + field + "')");
     store.run("update seqno set replace=33,replace_m=40,replace_cond=7");
   }
 
@@ -74,15 +76,17 @@ class ConditionDialogs : public edited_rule {
   static void cancel() { press("Command2"); }
 
   rows lines(int definition) {
-    return store.rows("select replace_cond_no,sno,use_type,s_method,s_val,d_f_method,d_f_val,"
-                      "d_t_method,d_t_val,n_f_method,n_f_val,n_t_method,n_t_val,b_val "
-                      "from replace_cond where replace_no=" + std::to_string(definition) +
-                      " order by 1,2");
+    return store.rows(
+        "select replace_cond_no,sno,use_type,s_method,s_val,d_f_method,d_f_val,"
+        "d_t_method,d_t_val,n_f_method,n_f_val,n_t_method,n_t_val,b_val "
+        "from replace_cond where replace_no=" +
+        std::to_string(definition) + " order by 1,2");
   }
   rows conditions(int definition) {
-    return store.rows("select replace_m_no,p_replace_m_no,replace_cond_type,replace_cond_no from "
-                      "replace_m where use_type='C' and replace_no=" + std::to_string(definition) +
-                      " order by 1");
+    return store.rows(
+        "select replace_m_no,p_replace_m_no,replace_cond_type,replace_cond_no from "
+        "replace_m where use_type='C' and replace_no=" +
+        std::to_string(definition) + " order by 1");
   }
   std::string counters() { return store.value("select * from seqno"); }
 };
@@ -116,11 +120,9 @@ TEST_F(ConditionDialogs, ANewTextConditionStandsWithItsOtherwiseBranchOrNotAtAll
   });
   script.message("設定完了！");
   play(script, [] {
-    EXPECT_EQ(tree_lines(),
-              (rows{"置換条件", "  氏名", "    O'Brien 😀（完全一致）", "    以外"}));
+    EXPECT_EQ(tree_lines(), (rows{"置換条件", "  氏名", "    O'Brien 😀（完全一致）", "    以外"}));
   });
-  EXPECT_EQ(lines(33),
-            (rows{"8|1|S|3|O'Brien 😀|null|null|null|null|null|null|null|null|null"}));
+  EXPECT_EQ(lines(33), (rows{"8|1|S|3|O'Brien 😀|null|null|null|null|null|null|null|null|null"}));
   EXPECT_EQ(conditions(33), (rows{"41|33|0|8", "42|33|1|null"}));
   EXPECT_EQ(counters(), "33|42|8");
 }
@@ -186,9 +188,10 @@ TEST_F(ConditionDialogs, AnotherProgramsWriteInTheMeantimeCostsNoLine) {
     put(1, 5, "東");
     pick(1, 6, "1");
     // Another program makes a condition of its own, under the number lent to this dialog.
-    store.run_all({"insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_val) "
-                   "values(1,8,1,'S','よその行')",
-                   "update seqno set replace_cond=8"});
+    store.run_all(
+        {"insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_val) "
+         "values(1,8,1,'S','よその行')",
+         "update seqno set replace_cond=8"});
     ok();
   });
   script.message("設定完了！");
@@ -275,9 +278,8 @@ TEST_F(ConditionDialogs, DatesAreCheckedWhileTypedAndAsRanges) {
   play(script, [] {
     EXPECT_EQ(tree_lines()[2], "    2024/02/29から2024/03/01まで（含まない）;1999/12/31まで");
   });
-  EXPECT_EQ(lines(30),
-            (rows{"8|1|D|null|null|1|2024/02/29|2|2024/03/01|null|null|null|null|null",
-                  "8|2|D|null|null|null|null|1|1999/12/31|null|null|null|null|null"}));
+  EXPECT_EQ(lines(30), (rows{"8|1|D|null|null|1|2024/02/29|2|2024/03/01|null|null|null|null|null",
+                             "8|2|D|null|null|null|null|1|1999/12/31|null|null|null|null|null"}));
 }
 
 TEST_F(ConditionDialogs, NumbersAreComparedAsNumbers) {
@@ -310,9 +312,8 @@ TEST_F(ConditionDialogs, NumbersAreComparedAsNumbers) {
     ok();
   });
   script.message("設定完了！");
-  play(script, [] {
-    EXPECT_EQ(tree_lines()[2], "    9から（含まない）10まで（含まない）;0.1から");
-  });
+  play(script,
+       [] { EXPECT_EQ(tree_lines()[2], "    9から（含まない）10まで（含まない）;0.1から"); });
 }
 
 TEST_F(ConditionDialogs, AYesNoFieldHasOneConditionWhichIsOpenedAgain) {
@@ -397,7 +398,8 @@ TEST(TypedNumber, TakesJustTheFormsThatTheStoreTakes) {
   for (const char* text : {"1", " -1.5 ", "+2", ".5", "5.", "1e3"}) {
     EXPECT_TRUE(typed_number(text)) << text;
   }
-  for (const char* text : {"", " ", "１２", "1,000", "1 000", "abc", "inf", "nan", "0x10", "1e", "+-1"}) {
+  for (const char* text :
+       {"", " ", "１２", "1,000", "1 000", "abc", "inf", "nan", "0x10", "1e", "+-1"}) {
     EXPECT_FALSE(typed_number(text)) << text;
   }
 }

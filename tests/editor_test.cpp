@@ -145,7 +145,8 @@ TEST_F(Editor, ShowsRowsThatOtherProgramsWrote) {
       "delete from replace_m where replace_m_no=13",
       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_method,s_val) "
       "values(7,4,1,'S',1,'前'),(7,4,3,'S',2,'後')",
-      "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,b_val) values(7,4,2,'B',False)",
+      "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,b_val) "
+      "values(7,4,2,'B',False)",
       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,n_f_val,n_f_method,"
       "n_t_val,n_t_method) values(7,3,1,'N',0.1,1,12345678901,2),(7,3,2,'N',5,7,null,null)",
       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type) values(7,3,3,'Q')",
