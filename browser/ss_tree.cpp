@@ -12,6 +12,7 @@
 #include <QScrollBar>
 #include <QTreeView>
 
+#include "platform/contrast.h"
 #include "platform/fonts.h"
 #include "platform/form.h"
 #include "platform/key_codes.h"
@@ -25,7 +26,7 @@ using platform::to_toolkit;
 /// Shows the nodes to the toolkit. While hidden it has no rows, so that nodes come and go freely.
 class tree_model : public QAbstractItemModel {
  public:
-  explicit tree_model(tree_nodes& nodes) : nodes_(nodes) {}
+  tree_model(tree_nodes& nodes, const QWidget& view) : nodes_(nodes), view_(view) {}
 
   [[nodiscard]] bool hidden() const { return hidden_; }
 
@@ -107,7 +108,8 @@ class tree_model : public QAbstractItemModel {
       case Qt::DisplayRole:
         return to_toolkit(node.text).replace('\n', ' ');
       case Qt::ForegroundRole:
-        return QColor(node.colour.red, node.colour.green, node.colour.blue);
+        return platform::readable_on(view_.palette().color(QPalette::Base),
+                                     QColor(node.colour.red, node.colour.green, node.colour.blue));
       case Qt::FontRole:
         return font(node);
       case Qt::DecorationRole:
@@ -143,6 +145,7 @@ class tree_model : public QAbstractItemModel {
   }
 
   tree_nodes& nodes_;
+  const QWidget& view_;
   const platform::ImageList* pictures_ = nullptr;
   mutable QHash<QString, QIcon> icons_;
   bool hidden_ = false;
@@ -157,11 +160,13 @@ int shift_of(const QMouseEvent& event) {
 /// The toolkit's view of the nodes. Raises the tree's events.
 class SSTree::tree_view : public QTreeView {
  public:
-  explicit tree_view(SSTree& tree) : model(tree.nodes_), tree_(tree) {
+  explicit tree_view(SSTree& tree) : model(tree.nodes_, *this), tree_(tree) {
     setModel(&model);
     setHeaderHidden(true);
     header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     header()->setResizeContentsPrecision(0);
+    // By rows, the toolkit would have a screen reader select the row of this number at the top.
+    setSelectionBehavior(SelectItems);
     setEditTriggers(NoEditTriggers);
     setAcceptDrops(true);
     setDropIndicatorShown(false);
@@ -346,7 +351,10 @@ void SSTree::tree_view::keyPressEvent(QKeyEvent* event) {
 void SSTree::tree_view::selectionChanged(const QItemSelection& on, const QItemSelection& off) {
   QTreeView::selectionChanged(on, off);
   if (quiet_ || on.isEmpty()) return;
-  raise_click(tree_model::node_at(on.indexes().constFirst()));
+  // A screen reader selects without moving the keyboard along.
+  const QModelIndex selected = on.indexes().constFirst();
+  selectionModel()->setCurrentIndex(selected, QItemSelectionModel::NoUpdate);
+  raise_click(tree_model::node_at(selected));
 }
 
 // What the drop leads to, a message perhaps, must not run inside the toolkit's drag: it holds the
@@ -355,7 +363,8 @@ void SSTree::tree_view::drag(const tree_node& node) {
   auto* gesture = new QDrag(this);
   gesture->setMimeData(new QMimeData);
   gesture->mimeData()->setData("application/x-tree-node", QByteArray::fromStdString(node.key));
-  gesture->setPixmap(viewport()->grab(visualRect(model.index_of(node))));
+  const QModelIndex dragged = model.index_of(node);
+  gesture->setPixmap(viewport()->grab({visualRect(dragged).topLeft(), sizeHintForIndex(dragged)}));
   dropped_ = false;
   gesture->exec(Qt::MoveAction);
   stopAutoScroll();

@@ -8,23 +8,23 @@ namespace ta_vorlumine {
 using ADODB::sql;
 using platform::form;
 
+// The row goes in before its node: only the store knows whether the number is free. A dialog's try
+// that was taken back has left its node.
 void replace_create::ins_yiwai() {
   auto& shared = form<replaceForm>();
   const std::string parent = shared.basNodeKey;
-  insert_with_new_key(shared, "replace_m", [&](std::int16_t key) {
-    shared.atNode = SSTree1.Nodes.AddChild(parent, std::to_string(key), "以外");
+  const std::string key =
+      std::to_string(insert_with_new_key(shared, "replace_m", [&](std::int16_t number) {
+        shared.conn.Execute(
+            sql("insert into replace_m(replace_m_no,p_replace_m_no,use_type,replace_cond_type,"
+                "replace_no) values(<new key>,<basNodeKey>,'C','1',<f_replace_no>)",
+                {number, parent, shared.f_replace_no}));
+      }));
+  if (!SSTree1.Nodes.Has(key)) {
+    shared.atNode = SSTree1.Nodes.AddChild(parent, key, "以外");
     show_as_rule(shared.atNode);
     shared.atNode.Image("cond");
-    try {
-      shared.conn.Execute(
-          sql("insert into replace_m(replace_m_no,p_replace_m_no,use_type,replace_cond_type,"
-              "replace_no) values(<new key>,<basNodeKey>,'C','1',<f_replace_no>)",
-              {shared.getfrom_seqno("replace_m") + 1, parent, shared.f_replace_no}));
-    } catch (...) {
-      SSTree1.Nodes.Remove(std::to_string(key));
-      throw;
-    }
-  });
+  }
   shared.update_seqno("replace_m");
 }
 

@@ -72,12 +72,13 @@ void replace_create::copy_definition(std::int32_t source) {
     copy_replace_row(source, key, static_cast<std::int32_t>(first_rule));
   });
   shared.f_replace_no = up_replace_no = static_cast<std::int16_t>(numbers.definition);
+  shared.f_replace_m_no = static_cast<std::int16_t>(first_rule);
   try {
     std::int64_t last_rule = 0;
     for (; !rules.eof(); rules.MoveNext()) last_rule = copy_rule_row(rules, numbers);
     write_counters(numbers, last_rule);
   } catch (...) {
-    delete_copy(numbers.definition);
+    delete_definition(numbers.definition);
     throw;
   }
 }
@@ -157,7 +158,7 @@ void replace_create::write_counters(const copy_numbers& numbers, std::int64_t la
 }
 
 // What can't be deleted either, because the store is gone, hangs below no definition row last.
-void replace_create::delete_copy(std::int64_t definition) {
+void replace_create::delete_definition(std::int64_t definition) {
   try {
     auto& conn = form<replaceForm>().conn;
     conn.Execute(
@@ -165,7 +166,7 @@ void replace_create::delete_copy(std::int64_t definition) {
     conn.Execute(ADODB::sql("delete from replace_m where replace_no=<replace_no>", {definition}));
     conn.Execute(ADODB::sql("Delete from replace where replace_no=<replace_no>", {definition}));
   } catch (const std::exception&) {
-    // The failure that stopped the copy is the one to tell.
+    // The failure that led here is the one to tell.
   }
 }
 

@@ -71,7 +71,7 @@ void replace_create::delete_condition(const ADODB::Recordset& row, const std::st
 }
 
 void replace_create::delete_otherwise(const Node& otherwise) {
-  const std::string key = otherwise.Key();
+  const std::string& key = otherwise.Key();
   delete_row(std::to_string(form<replaceForm>().f_replace_no), key);
   DeleteChild(key);
   SSTree1.Nodes.Remove(otherwise.Position());

@@ -78,6 +78,7 @@ class replace_create {
   };
 
   void load();
+  void show_definition(int mode);
   void fill_fields(const std::string& statement);
   static void refresh_browser();
   void press(int position);
@@ -92,7 +93,7 @@ class replace_create {
   static std::int64_t copy_rule_row(const ADODB::Recordset& rule, copy_numbers& numbers);
   static void copy_cond_rows(std::int64_t condition, const copy_numbers& numbers);
   static void write_counters(const copy_numbers& numbers, std::int64_t last_rule);
-  static void delete_copy(std::int64_t definition);
+  static void delete_definition(std::int64_t definition);
 
   void select_node(const Node& node);
   void enable_for(const Node& node);

@@ -24,6 +24,7 @@ class drop_down : public QComboBox {
     setMinimumContentsLength(20);
     setAttribute(Qt::WA_InputMethodEnabled);
     view()->setAttribute(Qt::WA_InputMethodEnabled);
+    share_choice();
   }
 
   void showPopup() override {
@@ -44,6 +45,17 @@ class drop_down : public QComboBox {
   }
 
  private:
+  // A screen reader reads the choice off the entries of the closed list, and makes it there.
+  void share_choice() {
+    connect(this, &QComboBox::currentIndexChanged, this,
+            [this](int index) { view()->setCurrentIndex(model()->index(index, 0)); });
+    connect(view()->selectionModel(), &QItemSelectionModel::selectionChanged, this,
+            [this](const QItemSelection& on) {
+              if (!view()->isVisible() && !on.isEmpty())
+                setCurrentIndex(on.indexes().first().row());
+            });
+  }
+
   int choice_at_opening_ = -1;
 };
 

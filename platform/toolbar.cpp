@@ -3,7 +3,6 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QIcon>
-#include <QToolButton>
 #include <algorithm>
 #include <iterator>
 #include <stdexcept>
@@ -11,6 +10,7 @@
 
 #include "platform/form.h"
 #include "platform/native.h"
+#include "platform/tool_button.h"
 
 namespace platform {
 namespace {
@@ -29,7 +29,7 @@ struct toolbar_peer : native {
 };
 
 QToolButton* make_button(const Toolbar::button& button, const std::string& picture, int number) {
-  auto* made = new QToolButton;
+  auto* made = new tool_button;
   made->setObjectName(to_toolkit(button.key));
   made->setText(to_toolkit(button.caption));
   made->setIcon(QIcon(to_toolkit(picture)));

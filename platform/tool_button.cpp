@@ -1,0 +1,51 @@
+#include "platform/tool_button.h"
+
+#include <QAccessibleWidget>
+
+namespace platform {
+namespace {
+
+// The toolkit's own would click within the screen reader's call. A click that opens a modal window
+// ends with that window, and until then the screen reader would wait for its answer, and give up.
+class tool_button_access : public QAccessibleWidget {
+ public:
+  explicit tool_button_access(tool_button& button)
+      : QAccessibleWidget(&button, QAccessible::Button, button.text()), button_(button) {}
+
+  [[nodiscard]] QString text(QAccessible::Text kind) const override {
+    if (kind == QAccessible::Accelerator) return button_.shortcut().toString();
+    return QAccessibleWidget::text(kind);
+  }
+
+  [[nodiscard]] QStringList actionNames() const override {
+    QStringList names = QAccessibleWidget::actionNames();
+    if (button_.isEnabled()) names.prepend(pressAction());
+    return names;
+  }
+
+  void doAction(const QString& action) override {
+    if (action != pressAction()) return QAccessibleWidget::doAction(action);
+    button_.animateClick();
+  }
+
+  [[nodiscard]] QStringList keyBindingsForAction(const QString& action) const override {
+    if (action != pressAction()) return QAccessibleWidget::keyBindingsForAction(action);
+    return {button_.shortcut().toString()};
+  }
+
+ private:
+  tool_button& button_;
+};
+
+QAccessibleInterface* make_access(const QString&, QObject* object) {
+  auto* button = dynamic_cast<tool_button*>(object);
+  return button ? new tool_button_access(*button) : nullptr;
+}
+
+}  // namespace
+
+tool_button::tool_button() {
+  QAccessible::installFactory(make_access);  // once, however often it is asked
+}
+
+}  // namespace platform

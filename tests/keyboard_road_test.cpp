@@ -1,0 +1,150 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QInputMethodEvent>
+#include <QTest>
+#include <QToolButton>
+#include <algorithm>
+
+#include "harness.h"
+
+using namespace harness;
+using rows = std::vector<std::string>;
+
+namespace {
+
+/// Commits a text the way an input method does, to wherever the keyboard is.
+void write(const std::string& text) {
+  QInputMethodEvent committed;
+  committed.setCommitString(QString::fromStdString(text));
+  QApplication::sendEvent(QApplication::focusWidget(), &committed);
+}
+
+/// Goes on to the control by Tab, as far as the form is long.
+void tab_to(const std::string& control) {
+  constexpr int longest_form = 40;
+  for (int stops = 0; focused_control() != control; ++stops) {
+    ASSERT_LT(stops, longest_form) << "Tab never comes to " << control;
+    key(Qt::Key_Tab);
+  }
+}
+
+bool a_button_is_down() {
+  const auto buttons = top_window().findChildren<QToolButton*>();
+  return std::ranges::any_of(buttons, [](const QToolButton* button) { return button->isDown(); });
+}
+
+/// Presses the toolbar's button of this number. It goes down at once; its click comes when it goes
+/// up again.
+void command(int number) {
+  key(Qt::Key_0 + number, "alt");
+  ASSERT_TRUE(a_button_is_down()) << "button " << number << " is off";
+  ASSERT_TRUE(QTest::qWaitFor([] { return !a_button_is_down(); }));
+}
+
+void press_with_space(const std::string& button) {
+  tab_to(button);
+  key(Qt::Key_Space);
+}
+
+void add_value(user& user, const std::string& title, const std::string& text) {
+  user.in("set_value", [=] {
+    EXPECT_EQ(focused_control(), "title_txt");
+    write(title);
+    tab_to("Text1");
+    write(text);
+    press_with_space("Command1");
+  });
+}
+
+// The way of somebody without a mouse: every node is reached from where the last dialog left the
+// keyboard, and no control is named but to know that Tab has come to it.
+TEST(KeyboardRoad, LeadsFromAnEmptyStoreToAFinishedDefinition) {
+  test_store store;
+  store.run("insert into field values('F1','氏名','T'),('F2','会社名','T')");
+  user user;
+  user.in("replaceForm",
+          [] {
+            EXPECT_EQ(focused_control(), "SSTree1");
+            key(Qt::Key_Space);  // the root
+            command(1);
+          })
+      .in("replaceFolder",
+          [] {
+            write("営業");
+            key(Qt::Key_Return);
+          })
+      .in("replaceForm",
+          [] {
+            EXPECT_EQ(focused_control(), "SSTree1");
+            key(Qt::Key_Down);
+            command(4);
+          })
+      .in("replace_create",
+          [] {
+            EXPECT_EQ(focused_control(), "Text1");
+            write("敬称");
+            key(Qt::Key_Tab);
+            write("会社による敬称");
+            key(Qt::Key_Tab);
+            EXPECT_EQ(focused_control(), "SSTree1");
+            key(Qt::Key_Space);
+            command(1);
+          })
+      .in("address_add",
+          [] {
+            EXPECT_EQ(focused_control(), "Combo1");
+            key(Qt::Key_Down);
+            key(Qt::Key_Down);
+            EXPECT_EQ(text_of("Combo1"), "会社名");
+            key(Qt::Key_Return);
+          })
+      .in("replace_create",
+          [] {
+            EXPECT_EQ(focused_control(), "SSTree1");
+            key(Qt::Key_Down);
+            command(2);
+          })
+      .in("r_text_cond",
+          [] {
+            EXPECT_EQ(focused_control(), "fg");
+            write("山田商店");
+            key(Qt::Key_Tab);
+            key(Qt::Key_2);  // the entry of that number
+            key(Qt::Key_Tab, "ctrl");
+            press_with_space("Command1");
+          })
+      .message("設定完了！")
+      .in("replace_create", [] {
+        EXPECT_EQ(focused_control(), "SSTree1");
+        EXPECT_EQ(tree_lines(),
+                  (rows{"置換条件", "  会社名", "    山田商店（先頭一致）", "    以外"}));
+        key(Qt::Key_Down);
+        command(3);
+      });
+  add_value(user, "得意先", "御中");
+  user.in("replace_create", [] {
+    EXPECT_EQ(focused_control(), "SSTree1");
+    key(Qt::Key_Down);
+    key(Qt::Key_Down);
+    command(3);
+  });
+  add_value(user, "その他", "様");
+  user.in("replace_create", [] { command(5); }).in("replaceForm", [] {
+    EXPECT_EQ(tree_lines(), (rows{"条件設定", "  営業", "    敬称"}));
+    EXPECT_EQ(focused_control(), "SSTree1");
+    key(Qt::Key_Escape);
+  });
+  user.browse(store);
+
+  EXPECT_EQ(store.rows("select p_replace_no,kind,title,comment from replace order by replace_no"),
+            (rows{"0|F|営業|null", "1|C|敬称|会社による敬称"}));
+  EXPECT_EQ(store.rows("select p_replace_m_no,use_type,field_id,replace_cond_type,replace_title,"
+                       "r_text from replace_m order by replace_m_no"),
+            (rows{"0|F|F2|null|null|null", "1|C|null|0|null|null", "1|C|null|1|null|null",
+                  "2|R|null|null|得意先|御中", "3|R|null|null|その他|様"}));
+  EXPECT_EQ(store.rows("select replace_cond_no,use_type,s_val,s_method from replace_cond"),
+            (rows{"1|S|山田商店|2"}));
+}
+
+}  // namespace

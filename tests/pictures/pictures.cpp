@@ -1,0 +1,116 @@
+// Draws the windows over the sample store into PNG files: vorlumine_pictures FOLDER [--dark]
+
+#include <QApplication>
+#include <QPalette>
+#include <QWidget>
+#include <cstdio>
+#include <string>
+
+#include "tests/harness.h"
+
+namespace {
+
+using namespace harness;
+
+QPalette dark_palette() {
+  QPalette palette(QColor(45, 45, 45));
+  palette.setColor(QPalette::Base, QColor(30, 30, 30));
+  palette.setColor(QPalette::Highlight, QColor(42, 130, 218));
+  for (const auto text : {QPalette::WindowText, QPalette::ButtonText, QPalette::Text}) {
+    palette.setColor(QPalette::Disabled, text, QColor(130, 130, 130));
+  }
+  return palette;
+}
+
+class album {
+ public:
+  explicit album(std::string folder) : folder_(std::move(folder)) {}
+  [[nodiscard]] bool complete() const { return complete_; }
+
+  void take(const std::string& name) {
+    QApplication::processEvents();
+    const std::string file = folder_ + "/" + name + ".png";
+    complete_ = top_window().grab().save(QString::fromStdString(file)) && complete_;
+  }
+
+ private:
+  std::string folder_;
+  bool complete_ = true;
+};
+
+void take_browser(user& user, album& album) {
+  user.in("replaceForm",
+          [] {
+            click_node("季節の挨拶");
+            press("updatef");
+          })
+      .in("replaceFolder",
+          [&] {
+            album.take("folder");
+            key(Qt::Key_Escape);
+          })
+      .in("replaceForm",
+          [&] {
+            click_node("敬称");
+            album.take("browser");
+            press("del");
+          })
+      .whatever("the question", [&] {
+        album.take("question");
+        key(Qt::Key_Escape);
+      });
+}
+
+void take_editor(user& user, album& album) {
+  user.in("replaceForm",
+          [] {
+            click_node("敬称");
+            press("update");
+          })
+      .in("replace_create",
+          [&] {
+            click_node("置換条件");
+            key(Qt::Key_Down);
+            key(Qt::Key_Down);
+            album.take("editor");
+            press("cond_set");
+          })
+      .whatever("the condition",
+                [&] {
+                  album.take("condition");
+                  key(Qt::Key_Escape);
+                })
+      .in("replace_create",
+          [] {
+            click_node("御中");
+            press("cond_val_set");
+          })
+      .in("set_value",
+          [&] {
+            album.take("value");
+            key(Qt::Key_Escape);
+          })
+      .in("replace_create", [] { press("exit"); });
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  QApplication application(argc, argv);
+  const bool dark = argc == 3 && std::string(argv[2]) == "--dark";
+  if (argc != 2 && !dark) {
+    std::fputs("usage: vorlumine_pictures FOLDER [--dark]\n", stderr);
+    return 2;
+  }
+  QApplication::setStyle("Fusion");
+  if (dark) QApplication::setPalette(dark_palette());
+  test_store store;
+  store.load_sample();
+  album album(argv[1]);
+  user user;
+  take_browser(user, album);
+  take_editor(user, album);
+  user.in("replaceForm", [] { press("close"); });
+  user.browse(store);
+  return album.complete() ? 0 : 1;
+}
