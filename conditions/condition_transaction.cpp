@@ -9,6 +9,12 @@ namespace ta_vorlumine {
 
 using platform::form;
 
+namespace {
+
+constexpr int most_tries = 5;
+
+}  // namespace
+
 void condition_transaction::begin() {
   cond_saved_ = false;
   form<replaceForm>().conn.BeginTrans();
@@ -19,13 +25,7 @@ void condition_transaction::run(const std::function<void()>& work) {
   // would make its deletes final.
   if (!form<replaceForm>().conn.in_transaction()) begin();
   try {
-    try {
-      work();
-    } catch (const ADODB::Error& failure) {
-      if (failure.kind() != ADODB::failure_kind::stale) throw;
-      begin_anew();
-      work();
-    }
+    run_while_stale(work);
   } catch (...) {
     const std::exception_ptr first = std::current_exception();
     try {
@@ -34,6 +34,17 @@ void condition_transaction::run(const std::function<void()>& work) {
       // The next run begins; the first failure is the one to tell.
     }
     std::rethrow_exception(first);
+  }
+}
+
+void condition_transaction::run_while_stale(const std::function<void()>& work) {
+  for (int tries = 1;; ++tries) {
+    try {
+      return work();
+    } catch (const ADODB::Error& failure) {
+      if (failure.kind() != ADODB::failure_kind::stale || tries == most_tries) throw;
+      begin_anew();
+    }
   }
 }
 

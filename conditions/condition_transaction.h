@@ -10,8 +10,9 @@ class condition_transaction {
   void begin();
 
   /// Runs `work`, whose first write may find that another program has written since the dialog
-  /// began to read: then the transaction begins anew and `work` runs once more. On any failure of
-  /// `work` what it wrote is taken back, a new transaction begins, and the failure goes on.
+  /// began to read: then the transaction begins anew and `work` runs again, a bounded number of
+  /// times. On any failure of `work` what it wrote is taken back, a new transaction begins, and the
+  /// failure goes on.
   void run(const std::function<void()>& work);
 
   /// Commits; from here on closing the dialog takes nothing back.
@@ -21,6 +22,7 @@ class condition_transaction {
   void end();
 
  private:
+  void run_while_stale(const std::function<void()>& work);
   void begin_anew();
 
   bool cond_saved_ = false;

@@ -50,7 +50,13 @@ void r_yesno_cond::load() {
   for (const char* entry : {nothing_chosen, "はい", "いいえ"}) Combo1.AddItem(entry);
   Combo1.select(nothing_chosen);
   transaction_.begin();
-  transaction_.run([this] { read_answer(); });
+  try {
+    transaction_.run([this] { read_answer(); });
+  } catch (...) {
+    // A form that fails to load is never unloaded.
+    transaction_.end();
+    throw;
+  }
 }
 
 void r_yesno_cond::read_answer() {

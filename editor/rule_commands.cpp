@@ -65,7 +65,8 @@ std::int16_t replace_create::lend_existing(const ADODB::Recordset& row) {
   return 0;
 }
 
-/// Gives the number of the field's first condition, 0 if it has none.
+/// Gives the number of the field's first condition, 0 if it has none. The otherwise branch, which
+/// has no lines, may come before it.
 std::int16_t replace_create::lend_new() {
   auto& shared = form<replaceForm>();
   lend_condition_number();
@@ -73,7 +74,10 @@ std::int16_t replace_create::lend_new() {
       sql("select * from replace_m where replace_no=<f_replace_no> and p_replace_m_no=<basNodeKey>",
           {shared.f_replace_no, shared.basNodeKey}));
   if (shared.basRS.eof()) return 0;
-  const std::int16_t first = line_number(shared.basRS);
+  std::int16_t first = 0;
+  for (; !shared.basRS.eof() && first == 0; shared.basRS.MoveNext()) {
+    first = line_number(shared.basRS);
+  }
   const Node child = shared.tmpNode.Child();
   const bool lone = shared.basRS.RecordCount() == 1;
   if (lone && (child.is_empty() || child.Text() != "以外")) ins_yiwai();

@@ -11,8 +11,12 @@ namespace ADODB {
 
 Field Fields::Item(std::string_view name) const {
   const auto& columns = *rows_->columns;
-  const auto found = std::ranges::find_if(
-      columns, [&](const std::string& column) { return equal_in_any_case(column, name); });
+  // Most callers write a name just as the table does.
+  auto found = std::ranges::find(columns, name);
+  if (found == columns.end()) {
+    found = std::ranges::find_if(
+        columns, [&](const std::string& column) { return equal_in_any_case(column, name); });
+  }
   if (found == columns.end())
     throw Error(failure_kind::other, "the record set has no column " + std::string(name));
   return Item(static_cast<std::size_t>(found - columns.begin()));

@@ -12,7 +12,7 @@
 #include <QTreeView>
 #include <stdexcept>
 
-#include "browser/replace_form.h"
+#include "dragging.h"
 #include "harness.h"
 
 namespace harness {
@@ -124,21 +124,9 @@ void click_node(const std::string& path) {
   QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, place);
 }
 
-// Without a display the toolkit's drag is over as soon as it starts: the way and the drop are told
-// to the tree's own events.
 void drag_node(const std::string& from_path, const std::string& to_path) {
-  QWidget& area = *tree().viewport();
   const QPoint from = place_of(node(from_path));
-  const QPoint to = tree().visualRect(node(to_path)).center();
-  QTest::mousePress(&area, Qt::LeftButton, {}, from);
-  const QPoint off = from + QPoint(2 * QApplication::startDragDistance(), 0);
-  QMouseEvent move(QEvent::MouseMove, off, area.mapToGlobal(off), Qt::NoButton, Qt::LeftButton, {});
-  QApplication::sendEvent(&area, &move);
-  auto& browser = platform::form<ta_vorlumine::replaceForm>();
-  browser.window.guarded([&] {
-    browser.SSTree1.on_drag_over(to.x(), to.y());
-    browser.SSTree1.on_drop();
-  });
+  drag(*tree().viewport(), from, tree().visualRect(node(to_path)).center());
 }
 
 std::vector<std::string> tree_lines() {

@@ -6,7 +6,7 @@ class QWidget;
 
 namespace harness {
 
-/// The gesture itself: press, way and release, from one place of the widget to another.
-void drag(QWidget& widget, QPoint from, QPoint to);
+/// Drags what lies at one place of the title tree's area onto what lies at another.
+void drag(QWidget& area, QPoint from, QPoint to);
 
 }  // namespace harness
