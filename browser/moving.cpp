@@ -1,3 +1,5 @@
+#include <set>
+
 #include "browser/replace_form.h"
 #include "browser/vanished_row.h"
 #include "platform/messages.h"
@@ -17,6 +19,21 @@ bool lies_below_namesake(const Node& source, const Node& target) {
   return false;
 }
 
+/// True if the store has `folder` within the subtree of `source`, where the shown tree may not know
+/// it yet: another program may have moved folders meanwhile. Raises vanished_row for a row on the
+/// way up that is gone.
+bool lies_below_in_store(ADODB::Connection& conn, const std::string& source, std::string folder) {
+  std::set<std::string> passed;
+  while (folder != "0" && passed.insert(folder).second) {
+    if (folder == source) return true;
+    const ADODB::Recordset row = conn.Execute(
+        ADODB::sql("select p_replace_no from replace where replace_no=<replace_no>", {folder}));
+    if (row.eof()) throw vanished_row();
+    folder = row.Fields().Item(0).Value().text();
+  }
+  return false;
+}
+
 }  // namespace
 
 void replaceForm::move_title_node(const Node& source, const Node& target) {
@@ -25,7 +42,9 @@ void replaceForm::move_title_node(const Node& source, const Node& target) {
     return platform::message("この場所への移動はできません");
   }
   require_title_row(source.Key());
-  if (target.Key() != "0") require_title_row(target.Key());
+  if (lies_below_in_store(conn, source.Key(), target.Key())) {
+    return platform::message("この場所への移動はできません");
+  }
   conn.Execute(ADODB::sql("UPDATE REPLACE SET P_REPLACE_NO = <p_val> WHERE REPLACE_NO = <val>",
                           {target.Key(), source.Key()}));
   source.parent(target);

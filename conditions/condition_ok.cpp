@@ -2,6 +2,7 @@
 #include "conditions/condition_dialog.h"
 #include "conditions/condition_row.h"
 #include "editor/replace_create.h"
+#include "editor/selected_node.h"
 #include "platform/messages.h"
 #include "store/sql.h"
 
@@ -23,7 +24,7 @@ void condition_dialog::ok() {
 bool condition_dialog::store() {
   auto& editor = form<replace_create>();
   const bool is_new = editor.f_cond_value == 0;
-  require_condition_stands();
+  require_selected_node();
   if (!rows_pass()) return false;
   if (is_new) {
     renew_condition_number();

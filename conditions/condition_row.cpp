@@ -2,7 +2,6 @@
 
 #include "browser/new_keys.h"
 #include "browser/replace_form.h"
-#include "browser/vanished_row.h"
 #include "editor/replace_create.h"
 #include "store/sql.h"
 
@@ -10,16 +9,6 @@ namespace ta_vorlumine {
 
 using ADODB::sql;
 using platform::form;
-
-void require_condition_stands() {
-  auto& shared = form<replaceForm>();
-  require_title_row(std::to_string(shared.f_replace_no));
-  const ADODB::Recordset node =
-      shared.conn.Execute(sql("select use_type from replace_m where replace_m_no=<basNodeKey> "
-                              "and replace_no=<f_replace_no>",
-                              {shared.basNodeKey, shared.f_replace_no}));
-  if (node.eof()) throw vanished_row();
-}
 
 void renew_condition_number() {
   auto& editor = form<replace_create>();

@@ -4,9 +4,6 @@
 
 namespace ta_vorlumine {
 
-/// Raises vanished_row unless the nodes that a condition dialog works under still have their rows.
-void require_condition_stands();
-
 /// A new condition's lines go under the number that its row will get. Draws the number again: while
 /// the dialog was open another program may have taken the one that it was lent.
 void renew_condition_number();

@@ -3,6 +3,7 @@
 #include "browser/replace_form.h"
 #include "conditions/condition_row.h"
 #include "editor/replace_create.h"
+#include "editor/selected_node.h"
 #include "platform/messages.h"
 #include "store/sql.h"
 
@@ -76,7 +77,7 @@ void r_yesno_cond::ok() {
 void r_yesno_cond::store(bool answer) {
   auto& shared = form<replaceForm>();
   auto& editor = form<replace_create>();
-  require_condition_stands();
+  require_selected_node();
   static_cast<void>(stored_answer());
   shared.conn.Execute(
       sql("update replace_cond set b_val=<answer> where replace_no=<f_replace_no> "

@@ -273,6 +273,14 @@ TEST_F(TitleBrowser, FilesNodesByDraggingThem) {
       .in("replaceForm",
           [this] {
             store.stop_refusing();
+            store.run(
+                "update replace set p_replace_no=2 where replace_no=4");  // by another program
+            drag_node("営業", "総務");
+          })
+      .message(refused)
+      .in("replaceForm",
+          [this] {
+            store.run("update replace set p_replace_no=0 where replace_no=4");
             store.run("delete from replace where replace_no=3");
             drag_node("敬称", "総務");
           })
