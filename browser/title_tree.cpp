@@ -50,7 +50,7 @@ void replaceForm::load_title_children(std::int32_t parent) {
 }
 
 void replaceForm::add_title_node(const ADODB::Fields& row) {
-  const ADODB::Value& title = row.Item("title").Value();
+  const ADODB::Value title = row.Item("title").Value();
   const std::string key = row.Item("replace_no").Value().text();
   const std::string kind = row.Item("kind").Value().text();
   const Node node = SSTree1.Nodes.AddChild(row.Item("p_replace_no").Value().text(), key,

@@ -36,7 +36,7 @@ void replace_create::DeleteChild(const std::string& P_ID) {
           {shared.f_replace_no, P_ID}));
   for (; !children.eof(); children.MoveNext()) {
     const ADODB::Fields child = children.Fields();
-    const ADODB::Value& cond_no = child.Item("replace_cond_no").Value();
+    const ADODB::Value cond_no = child.Item("replace_cond_no").Value();
     const bool ordinary = child.Item("use_type").Value().text() == "C" &&
                           child.Item("replace_cond_type").Value().text() == "0";
     if (ordinary && !cond_no.is_null()) {

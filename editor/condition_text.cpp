@@ -18,7 +18,7 @@ constexpr suffixes text_suffixes{nullptr, "（部分一致）", "（先頭一致
 constexpr suffixes from_suffixes{"", "から", "から（含まない）", ""};
 constexpr suffixes to_suffixes{"", "まで", "まで（含まない）", ""};
 
-const ADODB::Value& column(const ADODB::Recordset& line, std::string_view name) {
+ADODB::Value column(const ADODB::Recordset& line, std::string_view name) {
   return line.Fields().Item(name).Value();
 }
 
@@ -52,7 +52,7 @@ void add_line(const ADODB::Recordset& line, std::string& text) {
   } else if (type == "N") {
     text += range(line, "n");
   } else if (type == "B") {
-    const ADODB::Value& answer = column(line, "b_val");
+    const ADODB::Value answer = column(line, "b_val");
     if (!answer.is_null()) text = answer.truth() ? "はい" : "いいえ";
   } else {
     platform::message("Use_type:ERROR");

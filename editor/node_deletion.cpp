@@ -58,7 +58,7 @@ void replace_create::delete_condition(const ADODB::Recordset& row, const std::st
   const bool last_ordinary = node.parent().Children() == 2 && !node.Next().is_empty();
   if (last_ordinary && node.Next().Text() == "以外") delete_otherwise(node.Next());
   const std::string replace_no = row.Fields().Item("replace_no").Value().text();
-  const ADODB::Value& cond_no = row.Fields().Item("replace_cond_no").Value();
+  const ADODB::Value cond_no = row.Fields().Item("replace_cond_no").Value();
   SSTree1.Nodes.Remove(key);
   if (!cond_no.is_null()) {
     form<replaceForm>().conn.Execute(

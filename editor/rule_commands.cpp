@@ -21,13 +21,13 @@ ADODB::Recordset query(const std::string& statement) {
   return form<replaceForm>().conn.Execute(statement);
 }
 
-const ADODB::Value& column(const ADODB::Recordset& rows, std::string_view name) {
+ADODB::Value column(const ADODB::Recordset& rows, std::string_view name) {
   return rows.Fields().Item(name).Value();
 }
 
 /// The number of a condition's lines, 0 for none. Copied rows hold 0 where others hold null.
 std::int16_t line_number(const ADODB::Recordset& row) {
-  const ADODB::Value& number = column(row, "replace_cond_no");
+  const ADODB::Value number = column(row, "replace_cond_no");
   return number.is_null() ? std::int16_t{0} : static_cast<std::int16_t>(number.number());
 }
 

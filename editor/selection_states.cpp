@@ -35,7 +35,7 @@ void replace_create::enable_for(const Node& node) {
   if (shared.basRS.eof()) return;
   const std::string use_type = shared.basRS.Fields().Item(0).Value().text();
   if (use_type == "C") {
-    const ADODB::Value& count = shared.basCopyRs.Fields().Item(0).Value();
+    const ADODB::Value count = shared.basCopyRs.Fields().Item(0).Value();
     const bool childless = count.is_null() || count.number() <= 0;
     enable(childless, node.Text() != "以外", childless, true);
   } else if (use_type == "R") {

@@ -14,10 +14,10 @@ class row_reader {
  public:
   explicit row_reader(const ADODB::Fields& row) : row_(row) {}
 
-  const ADODB::Value& value() { return row_.Item(next_++).Value(); }
+  ADODB::Value value() { return row_.Item(next_++).Value(); }
   std::string text() { return value().text(); }
   key number() {
-    const ADODB::Value& number = value();
+    const ADODB::Value number = value();
     return number.is_null() ? no_key : number.number();
   }
   key number_but_0() {
@@ -25,8 +25,8 @@ class row_reader {
     return found == 0 ? no_key : found;
   }
   bound ends() {
-    const ADODB::Value& end = value();
-    return {end, value()};
+    ADODB::Value end = value();
+    return {std::move(end), value()};
   }
 
  private:

@@ -69,7 +69,7 @@ result postgresql_engine::execute(std::string_view statement) {
   rows.cells.reserve(static_cast<std::size_t>(columns) * static_cast<std::size_t>(count));
   for (int row = 0; row < count; ++row)
     for (int column = 0; column < columns; ++column)
-      rows.cells.push_back(cell_of(answer.get(), row, column));
+      add_cell(rows.cells, answer.get(), row, column);
   return rows;
 }
 

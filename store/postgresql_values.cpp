@@ -34,12 +34,12 @@ struct literal_text {
 };
 
 template <typename Number>
-Value number_or_text(std::string_view text) {
+void add_number_or_text(result_cells& cells, std::string_view text) {
   Number number{};
   const char* const end = text.data() + text.size();
   const auto read = std::from_chars(text.data(), end, number);
-  if (read.ec != std::errc() || read.ptr != end) return Value(std::string(text));
-  return Value(number);
+  if (read.ec != std::errc() || read.ptr != end) return cells.add(text);
+  cells.add(number);
 }
 
 std::string_view without_needless_zeros(std::string_view digits) {
@@ -59,24 +59,24 @@ std::string text_of(const literal& value) {
   return std::visit(literal_text(), value);
 }
 
-Value cell_of(const PGresult* answer, int row, int column) {
-  if (PQgetisnull(answer, row, column) == 1) return Value();
+void add_cell(result_cells& cells, const PGresult* answer, int row, int column) {
+  if (PQgetisnull(answer, row, column) == 1) return cells.add_null();
   const std::string_view text(PQgetvalue(answer, row, column),
                               static_cast<std::size_t>(PQgetlength(answer, row, column)));
   switch (PQftype(answer, column)) {
     case boolean_type:
-      return Value(text == "t");
+      return cells.add(text == "t");
     case int2_type:
     case int4_type:
     case int8_type:
-      return number_or_text<std::int64_t>(text);
+      return add_number_or_text<std::int64_t>(cells, text);
     case float4_type:
     case float8_type:
-      return number_or_text<double>(text);
+      return add_number_or_text<double>(cells, text);
     case numeric_type:
-      return number_or_text<std::int64_t>(without_needless_zeros(text));
+      return add_number_or_text<std::int64_t>(cells, without_needless_zeros(text));
     default:
-      return Value(std::string(text));
+      return cells.add(text);
   }
 }
 

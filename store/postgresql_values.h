@@ -4,8 +4,8 @@
 
 #include <string>
 
+#include "store/result_cells.h"
 #include "store/statement_shape.h"
-#include "store/value.h"
 
 namespace ADODB {
 
@@ -16,8 +16,8 @@ namespace ADODB {
 /// The literal as the text form of a parameter.
 [[nodiscard]] std::string text_of(const literal& value);
 
-/// One cell of an answer. An exact number that is no whole one of 64 bits is the text of its
+/// Adds one cell of an answer. An exact number that is no whole one of 64 bits is the text of its
 /// digits, so that none is lost.
-[[nodiscard]] Value cell_of(const PGresult* answer, int row, int column);
+void add_cell(result_cells& cells, const PGresult* answer, int row, int column);
 
 }  // namespace ADODB

@@ -28,7 +28,7 @@ Field Fields::Item(std::size_t position) const {
   const std::size_t cell = row_ * Count() + position;
   if (cell >= rows_->cells.size())
     throw Error(failure_kind::other, "the record set has no current row");
-  return Field(rows_->cells[cell]);
+  return {rows_->cells, cell};
 }
 
 Recordset::Recordset(result rows) : rows_(std::make_shared<const result>(std::move(rows))) {}
@@ -56,8 +56,12 @@ std::size_t Recordset::RecordCount() const {
 }
 
 ADODB::Fields Recordset::Fields() const {
+  return Fields(row_);
+}
+
+ADODB::Fields Recordset::Fields(std::size_t record) const {
   if (!rows_) throw Error(failure_kind::other, "the record set is closed");
-  return {*rows_, row_};
+  return {*rows_, record};
 }
 
 }  // namespace ADODB

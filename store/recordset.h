@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "store/result_cells.h"
 #include "store/value.h"
 
 namespace ADODB {
@@ -14,19 +15,20 @@ class Connection;
 
 using column_names = std::shared_ptr<const std::vector<std::string>>;
 
-/// All rows of one statement, cell after cell, as an engine hands them over.
+/// All rows of one statement, as an engine hands them over.
 struct result {
   column_names columns;
-  std::vector<Value> cells;
+  result_cells cells;
 };
 
 class Field {
  public:
-  explicit Field(const ADODB::Value& value) : value_(&value) {}
-  [[nodiscard]] const ADODB::Value& Value() const { return *value_; }
+  Field(const result_cells& cells, std::size_t position) : cells_(&cells), position_(position) {}
+  [[nodiscard]] ADODB::Value Value() const { return cells_->at(position_); }
 
  private:
-  const ADODB::Value* value_;
+  const result_cells* cells_;
+  std::size_t position_;
 };
 
 /// The columns of a record set's current row. Valid until the record set moves, closes or goes
@@ -62,6 +64,8 @@ class Recordset {
   void MoveNext();
   [[nodiscard]] std::size_t RecordCount() const;
   [[nodiscard]] ADODB::Fields Fields() const;
+  /// Of any record, the first being 0, without moving there.
+  [[nodiscard]] ADODB::Fields Fields(std::size_t record) const;
 
  private:
   std::shared_ptr<const result> rows_;

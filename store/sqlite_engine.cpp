@@ -48,23 +48,20 @@ struct binder {
   }
 };
 
-void append_cell(std::vector<Value>& cells, sqlite3_stmt* statement, int column, bool is_boolean) {
-  switch (sqlite3_column_type(statement, column)) {
+// A connection has one thread, so that its values may be looked at without the engine's locks.
+void add_cell(result_cells& cells, sqlite3_value* value, bool is_boolean) {
+  switch (sqlite3_value_type(value)) {
     case SQLITE_NULL:
-      cells.emplace_back();
-      return;
+      return cells.add_null();
     case SQLITE_INTEGER: {
-      const std::int64_t number = sqlite3_column_int64(statement, column);
-      is_boolean ? cells.emplace_back(number != 0) : cells.emplace_back(number);
-      return;
+      const std::int64_t number = sqlite3_value_int64(value);
+      return is_boolean ? cells.add(number != 0) : cells.add(number);
     }
     case SQLITE_FLOAT:
-      cells.emplace_back(sqlite3_column_double(statement, column));
-      return;
+      return cells.add(sqlite3_value_double(value));
     default: {
-      const auto* text = static_cast<const char*>(sqlite3_column_blob(statement, column));
-      const int size = sqlite3_column_bytes(statement, column);
-      cells.emplace_back(text ? std::string(text, static_cast<std::size_t>(size)) : std::string());
+      const auto* text = static_cast<const char*>(sqlite3_value_blob(value));
+      cells.add(std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value))));
     }
   }
 }
@@ -165,7 +162,8 @@ result sqlite_engine::run(kept_statement& statement) {
     if (rows.cells.capacity() < rows.cells.size() + columns)
       rows.cells.reserve(2 * (rows.cells.size() + columns));
     for (std::size_t column = 0; column < columns; ++column)
-      append_cell(rows.cells, handle, static_cast<int>(column), statement.is_boolean[column]);
+      add_cell(rows.cells, sqlite3_column_value(handle, static_cast<int>(column)),
+               statement.is_boolean[column]);
   }
   return rows;
 }

@@ -21,7 +21,7 @@ struct text_form {
   std::string operator()(std::monostate) const { return {}; }
   std::string operator()(std::int64_t number) const { return std::to_string(number); }
   std::string operator()(double number) const { return digits_of(number); }
-  std::string operator()(const std::string& text) const { return text; }
+  std::string operator()(std::string text) const { return text; }
   std::string operator()(bool answer) const { return answer ? "True" : "False"; }
 };
 
@@ -65,8 +65,12 @@ struct answer_of {
 
 }  // namespace
 
-std::string Value::text() const {
+std::string Value::text() const& {
   return std::visit(text_form(), content_);
+}
+
+std::string Value::text() && {
+  return std::visit(text_form(), std::move(content_));
 }
 
 std::int64_t Value::number() const {

@@ -21,7 +21,8 @@ class Value {
   /// The default text form: null is the empty text, a boolean is "True" or "False", a number stands
   /// without needless digits and without an exponent, a real with the fewest digits that read back
   /// as the same number.
-  [[nodiscard]] std::string text() const;
+  [[nodiscard]] std::string text() const&;
+  [[nodiscard]] std::string text() &&;
 
   /// The value as a whole number; a text counts when it is one from end to end, a boolean as 1 or
   /// 0. Anything else, null included, raises Error.

@@ -42,7 +42,7 @@ std::vector<std::string> test_store::rows(std::string_view statement) {
   for (; !rows.eof(); rows.MoveNext()) {
     std::string line;
     for (std::size_t i = 0; i < rows.Fields().Count(); ++i) {
-      const ADODB::Value& value = rows.Fields().Item(i).Value();
+      const ADODB::Value value = rows.Fields().Item(i).Value();
       line += (i ? "|" : "") + (value.is_null() ? "null" : value.text());
     }
     lines.push_back(line);
