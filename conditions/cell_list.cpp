@@ -91,8 +91,9 @@ class cell_list::entries : public QListWidget {
   cell_list& list_;
 };
 
-cell_list::cell_list(QWidget& owner)
-    : window_(new drop_window(owner)), list_(new entries(*this, window_)) {
+void cell_list::make_window() {
+  window_ = new drop_window(owner_);
+  list_ = new entries(*this, window_);
   window_->setFrameStyle(QFrame::Box | QFrame::Plain);
   window_->setFocusProxy(list_);
   auto* layout = new QVBoxLayout(window_);
@@ -104,6 +105,7 @@ cell_list::cell_list(QWidget& owner)
 void cell_list::open(const std::vector<choice>& choices, std::string_view number,
                      std::string_view name, const QRect& cell) {
   constexpr int most_rows = 12;
+  if (!window_) make_window();
   choices_ = choices;
   list_->clear();
   for (const choice& entry : choices_) {

@@ -15,7 +15,7 @@ namespace ta_vorlumine {
 /// The list that drops down from a grid's cell. Its window belongs to `owner`.
 class cell_list {
  public:
-  explicit cell_list(QWidget& owner);
+  explicit cell_list(QWidget& owner) : owner_(owner) {}
 
   /// An entry was chosen; the list is closed by then. Leaving the list otherwise tells nobody.
   std::function<void(const std::string& number)> on_pick;
@@ -29,10 +29,12 @@ class cell_list {
   class drop_window;
   class entries;
 
+  void make_window();
   void pick(int place);
 
-  drop_window* window_;
-  entries* list_;
+  QWidget& owner_;
+  drop_window* window_ = nullptr;  // made when it first opens
+  entries* list_ = nullptr;
   std::vector<choice> choices_;
 };
 

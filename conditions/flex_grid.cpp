@@ -9,6 +9,16 @@
 #include "platform/native.h"
 
 namespace ta_vorlumine {
+namespace {
+
+/// The cells of a row: column 0 is none of the record's.
+std::vector<std::string> texts_of(const ADODB::Fields& record) {
+  std::vector<std::string> cells(1 + record.Count());
+  for (std::size_t i = 0; i < record.Count(); ++i) cells[1 + i] = record.Item(i).Value().text();
+  return cells;
+}
+
+}  // namespace
 
 VSFlexGrid::VSFlexGrid(platform::Form& form, std::string name, std::string accessible_name)
     : Control(form, std::move(name)), accessible_name_(std::move(accessible_name)) {}
@@ -61,20 +71,15 @@ void VSFlexGrid::data_row_or_fail(int row) {
 }
 
 void VSFlexGrid::DataSource(const ADODB::Recordset& records) {
-  rebuild([this, rows = records]() mutable {
-    cells_.remove_data_rows();
-    for (; !rows.eof(); rows.MoveNext()) {
-      const ADODB::Fields fields = rows.Fields();
-      const auto columns = static_cast<int>(fields.Count()) + 1;
+  const int count = static_cast<int>(records.RecordCount());
+  rebuild([&] {
+    if (count > 0) {
+      const int columns = static_cast<int>(records.Fields().Count()) + 1;
       if (cells_.columns() < columns) cells_.set_columns(columns);
-      std::vector<std::string> cells;
-      cells.reserve(fields.Count() + 1);
-      cells.emplace_back();
-      for (std::size_t i = 0; i < fields.Count(); ++i) {
-        cells.push_back(fields.Item(i).Value().text());
-      }
-      cells_.add_row(std::move(cells));
     }
+    cells_.set_rows(count, [records](int row) {
+      return texts_of(records.Fields(static_cast<std::size_t>(row)));
+    });
   });
 }
 
@@ -83,7 +88,7 @@ void VSFlexGrid::FormatString(std::string_view format) {
 }
 
 void VSFlexGrid::Cols(int count) {
-  rebuild([&] { cells_.set_columns(count); });
+  if (count != cells().columns()) rebuild([&] { cells_.set_columns(count); });
 }
 
 int VSFlexGrid::Rows() {

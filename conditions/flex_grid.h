@@ -19,8 +19,8 @@ class VSFlexGrid : public platform::Control {
   VSFlexGrid(platform::Form& form, std::string name, std::string accessible_name);
   ~VSFlexGrid() override;
 
-  /// Replaces the data rows by the records from the current one on: the first field goes to column
-  /// 1, null as the empty text. Makes the columns that this needs.
+  /// Replaces the data rows by all records, in their order: the first field goes to column 1, null
+  /// as the empty text. Makes the columns that this needs.
   void DataSource(const ADODB::Recordset& records);
   /// Headings separated by vertical bars, "<" in front of those of left-aligned columns; sets the
   /// number of columns.

@@ -46,11 +46,21 @@ grid_column& grid_cells::column(int column) {
 }
 
 const std::string& grid_cells::text(int row, int column) const {
-  return item(item(rows_, row, "row"), column, "column");
+  return item(cells_of(row), column, "column");
 }
 
 std::string& grid_cells::text(int row, int column) {
-  return item(item(rows_, row, "row"), column, "column");
+  return item(cells_of(row), column, "column");
+}
+
+std::vector<std::string>& grid_cells::cells_of(int row) const {
+  grid_row& found = item(rows_, row, "row");
+  if (found.unread != -1) {
+    found.cells = read_(found.unread);
+    found.cells.resize(columns_.size());
+    found.unread = -1;
+  }
+  return found.cells;
 }
 
 const std::string& grid_cells::shown_text(int row, int column) const {
@@ -63,7 +73,9 @@ const std::string& grid_cells::shown_text(int row, int column) const {
 void grid_cells::set_columns(int count) {
   const auto size = static_cast<std::size_t>(count);
   columns_.resize(size);
-  for (auto& cells : rows_) cells.resize(size);
+  for (grid_row& row : rows_) {
+    if (row.unread == -1) row.cells.resize(size);
+  }
 }
 
 void grid_cells::set_format(std::string_view format) {
@@ -73,7 +85,7 @@ void grid_cells::set_format(std::string_view format) {
     columns_[i].left_aligned = headings[i].starts_with('<');
     if (columns_[i].left_aligned) headings[i].erase(0, 1);
   }
-  rows_.front() = std::move(headings);
+  rows_.front().cells = std::move(headings);
 }
 
 void grid_cells::set_choices(int column, std::string_view list) {
@@ -86,7 +98,14 @@ void grid_cells::set_choices(int column, std::string_view list) {
 
 void grid_cells::add_row(std::vector<std::string> cells) {
   cells.resize(columns_.size());
-  rows_.push_back(std::move(cells));
+  rows_.push_back({std::move(cells)});
+}
+
+void grid_cells::set_rows(int count, row_reader read) {
+  read_ = std::move(read);
+  rows_.resize(1);
+  rows_.reserve(1 + static_cast<std::size_t>(count));
+  for (int row = 0; row < count; ++row) rows_.push_back({{}, row});
 }
 
 void grid_cells::remove_row(int row) {

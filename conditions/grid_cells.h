@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -52,15 +53,28 @@ class grid_cells {
   /// Cells beyond the last column are left out, missing ones are empty.
   void add_row(std::vector<std::string> cells);
   void remove_row(int row);  ///< never the headings
-  void remove_data_rows() { rows_.resize(1); }
+
+  /// The cells of a data row, the first being 0.
+  using row_reader = std::function<std::vector<std::string>(int)>;
+  /// Replaces the data rows by `count` others. Each is read when it is first asked for: of
+  /// thousands of rows a user sees a few.
+  void set_rows(int count, row_reader read);
 
   /// What a typed text picks in a drop-down cell: the entry of that number, else the next one whose
   /// word begins so, the one in the cell coming last. Nothing if none fits.
   [[nodiscard]] const choice* typed_choice(cell_place cell, std::string_view typed) const;
 
  private:
+  struct grid_row {
+    std::vector<std::string> cells;
+    int unread = -1;  // what to read it by; -1 once it has its cells
+  };
+
+  [[nodiscard]] std::vector<std::string>& cells_of(int row) const;
+
   std::vector<grid_column> columns_;
-  std::vector<std::vector<std::string>> rows_{1};
+  mutable std::vector<grid_row> rows_{1};
+  row_reader read_;
 };
 
 /// The parts of a text between the separators; one at least.
