@@ -31,10 +31,8 @@ replaceForm::replaceForm()
   window.on_key_down = [this](int& code, int shift) {
     if (window.active_control() == SSTree1.name()) swallow_clipboard_keys(code, shift);
   };
-  window.on_failure = [this] {
-    Init_ToolBar();
-    init_form();
-  };
+  window.on_failure = [this] { init_form(); };
+  Toolbar1.rest = &SSTree1;
   Toolbar1.on_button_click = [this](const std::string& key, int) { press(key); };
   SSTree1.on_node_click = [this](const Node& node) { select_node(node); };
   SSTree1.on_node_open = [this](const Node& node) {

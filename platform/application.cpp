@@ -2,6 +2,7 @@
 
 #include <xcb/xcb.h>
 #include <QApplication>
+#include <QDir>
 #include <QLibraryInfo>
 #include <QThread>
 #include <QTranslator>
@@ -22,11 +23,17 @@ bool x_server_answers() {
   return answers;
 }
 
+// A Wayland session is of no use to a toolkit without its plugin, unless it has an X server, too.
+bool has_wayland() {
+  const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/platforms");
+  return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
+         !plugins.entryList({"*wayland*"}, QDir::Files).isEmpty();
+}
+
 bool has_display() {
   const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
   if (!platform.isEmpty() && !platform.startsWith("xcb")) return true;
-  if (platform.isEmpty() && qEnvironmentVariableIsSet("WAYLAND_DISPLAY")) return true;
-  return x_server_answers();
+  return (platform.isEmpty() && has_wayland()) || x_server_answers();
 }
 
 void require_windows() {

@@ -34,7 +34,9 @@ void Form::load() {
 }
 
 void Form::make_widgets() {
-  window_ = std::make_unique<window>(*this, QApplication::activeModalWidget());
+  // A window of the host's own is no owner: the host may close it at any time.
+  window_ =
+      std::make_unique<window>(*this, dynamic_cast<window*>(QApplication::activeModalWidget()));
   window_->setObjectName(to_toolkit(name_));
   window_->setWindowTitle(to_toolkit(caption_));
   window_->setFont(window_font());
@@ -115,7 +117,7 @@ void Form::guarded(const std::function<void()>& event) {
   if (!on_failure || !loaded() || unloading_) return;
   try {
     on_failure();
-  } catch (const std::exception&) {
+  } catch (...) {
     // The user has just read why; a store that still refuses leaves the view as it is.
   }
 }

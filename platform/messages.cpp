@@ -9,11 +9,18 @@
 namespace platform {
 namespace {
 
+/// A message in the middle of long work waits for the user, not the user for it.
+struct plain_pointer {
+  plain_pointer() { QApplication::setOverrideCursor(Qt::ArrowCursor); }
+  ~plain_pointer() { QApplication::restoreOverrideCursor(); }
+};
+
 int run(QMessageBox::Icon icon, std::string_view text, QMessageBox::StandardButtons buttons) {
   QMessageBox box(icon, "Quorvi", to_toolkit(text), buttons, QApplication::activeModalWidget());
   box.setTextFormat(Qt::PlainText);
   box.setFont(window_font());
   box.setDefaultButton(QMessageBox::Ok);
+  const plain_pointer pointer;
   return box.exec();
 }
 

@@ -36,7 +36,7 @@ QToolButton* make_button(const Toolbar::button& button, const std::string& pictu
   made->setIconSize(QSize(24, 24));
   made->setToolButtonStyle(Qt::ToolButtonTextUnderIcon);
   made->setAutoRaise(true);
-  made->setFocusPolicy(Qt::StrongFocus);
+  made->setFocusPolicy(Qt::TabFocus);
   const QKeySequence shortcut(Qt::ALT | static_cast<Qt::Key>(Qt::Key_0 + number));
   made->setShortcut(shortcut);
   made->setAccessibleDescription(to_toolkit(button.description));
@@ -90,9 +90,10 @@ void Toolbar::enable(std::string_view key, bool enabled) {
 }
 
 void Toolbar::enable(int position, bool enabled) {
-  static_cast<toolbar_peer&>(peer())
-      .buttons.at(static_cast<std::size_t>(position) - 1)
-      ->setEnabled(enabled);
+  QToolButton* const button =
+      static_cast<toolbar_peer&>(peer()).buttons.at(static_cast<std::size_t>(position) - 1);
+  if (!enabled && rest && button->window()->focusWidget() == button) rest->set_focus();
+  button->setEnabled(enabled);
 }
 
 }  // namespace platform

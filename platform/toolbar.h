@@ -24,6 +24,9 @@ class Toolbar : public Control {
   Toolbar(Form& form, std::string name, const ImageList& pictures, std::vector<button> buttons);
 
   std::function<void(const std::string& key, int position)> on_button_click;
+  /// Takes the keyboard from a button that is switched off while it has it; else the next button
+  /// would, and what was meant for the one before might close the window.
+  Control* rest = nullptr;
 
   void enable(std::string_view key, bool enabled);
   void enable(int position, bool enabled);

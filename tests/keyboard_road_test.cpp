@@ -67,7 +67,7 @@ TEST(KeyboardRoad, LeadsFromAnEmptyStoreToAFinishedDefinition) {
           [] {
             EXPECT_EQ(focused_control(), "SSTree1");
             key(Qt::Key_Space);  // the root
-            command(1);
+            press_with_space("addf");
           })
       .in("replaceFolder",
           [] {
