@@ -19,6 +19,7 @@ void replaceForm::Init_ToolBar() {
 }
 
 void replaceForm::press(const std::string& button) {
+  // Whoever wants to leave needs no store for it.
   if (button == "close") return window.unload();
   basRS = conn.Execute(sql(
       "select replace_no,replace_m_no from replace where replace_no=<basNodeKey>", {basNodeKey}));
@@ -69,8 +70,9 @@ void replaceForm::delete_definition() {
 // The row stands before the editor opens; an editor that is left untouched takes it away again.
 void replaceForm::add_definition() {
   basAU = "5";
+  const std::int64_t last_number = getfrom_seqno("replace");
   const std::int16_t reserved = checked_key(getfrom_seqno("replace_m") + 1);
-  f_replace_no = insert_with_new_key(*this, "replace", [&](std::int16_t key) {
+  f_replace_no = insert_with_new_key(*this, "replace", last_number, [&](std::int16_t key) {
     conn.Execute(
         sql("INSERT INTO replace(replace_no,p_replace_no,kind,title,replace_m_no) "
             "VALUES( <new key>,<basNodeKey> ,'C',' ',<reserved rule key>)",

@@ -10,7 +10,7 @@ namespace {
 
 constexpr int left_button = 1;
 
-/// True if a node from `target` up to the root, without it, bears the text of `source`. The texts
+/// True if a node above `target`, the root not counted, bears the text of `source`. The texts
 /// are compared, not the nodes: a folder is also kept from below another one of its name.
 bool lies_below_namesake(const Node& source, const Node& target) {
   for (Node above = target.parent(); !above.parent().is_empty(); above = above.parent()) {
@@ -21,14 +21,14 @@ bool lies_below_namesake(const Node& source, const Node& target) {
 
 /// True if the store has `folder` within the subtree of `source`, where the shown tree may not know
 /// it yet: another program may have moved folders meanwhile. Raises vanished_row for a row on the
-/// way up that is gone.
+/// way up that is gone or has no parent.
 bool lies_below_in_store(ADODB::Connection& conn, const std::string& source, std::string folder) {
   std::set<std::string> passed;
   while (folder != "0" && passed.insert(folder).second) {
     if (folder == source) return true;
     const ADODB::Recordset row = conn.Execute(
         ADODB::sql("select p_replace_no from replace where replace_no=<replace_no>", {folder}));
-    if (row.eof()) throw vanished_row();
+    if (row.eof() || row.Fields().Item(0).Value().is_null()) throw vanished_row();
     folder = row.Fields().Item(0).Value().text();
   }
   return false;
@@ -43,7 +43,8 @@ void replaceForm::move_title_node(const Node& source, const Node& target) {
   }
   require_title_row(source.Key());
   if (lies_below_in_store(conn, source.Key(), target.Key())) {
-    return platform::message("この場所への移動はできません");
+    platform::message("この場所への移動はできません");
+    return init_form();
   }
   conn.Execute(ADODB::sql("UPDATE REPLACE SET P_REPLACE_NO = <p_val> WHERE REPLACE_NO = <val>",
                           {target.Key(), source.Key()}));

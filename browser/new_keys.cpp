@@ -14,7 +14,8 @@ constexpr int most_tries = 1000;
 }  // namespace
 
 std::int16_t checked_key(std::int64_t key) {
-  if (key < 1 || key > std::numeric_limits<std::int16_t>::max()) {
+  if (key < 1) throw std::runtime_error("番号が正しくないため、登録できません。");
+  if (key > std::numeric_limits<std::int16_t>::max()) {
     throw std::runtime_error("番号が上限の32767に達したため、これ以上登録できません。");
   }
   return static_cast<std::int16_t>(key);

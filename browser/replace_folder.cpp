@@ -2,6 +2,7 @@
 
 #include "browser/new_keys.h"
 #include "browser/replace_form.h"
+#include "browser/tree_look.h"
 #include "browser/vanished_row.h"
 #include "platform/messages.h"
 #include "store/sql.h"
@@ -37,8 +38,13 @@ void replaceFolder::ok() {
   if (platform::character_count(name) > 100) {
     return platform::message("タイトルが文字列長すぎます");
   }
-  if (form<replaceForm>().basAU == "1") add_folder(name);
-  if (form<replaceForm>().basAU == "2") rename_folder(name);
+  try {
+    if (form<replaceForm>().basAU == "1") add_folder(name);
+    if (form<replaceForm>().basAU == "2") rename_folder(name);
+  } catch (const vanished_row& gone) {
+    platform::message(gone.what());
+    form<replaceForm>().init_form();
+  }
   window.unload();
 }
 
@@ -53,6 +59,7 @@ void replaceFolder::add_folder(const std::string& name) {
   });
   browser.atNode =
       browser.SSTree1.Nodes.AddChild(browser.basNodeKey, std::to_string(key), name, "0");
+  show_as_row(browser.atNode);
   browser.show_as_folder(browser.atNode);
   browser.atNode.parent().Expanded(true);
   browser.update_seqno("replace");

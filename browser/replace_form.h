@@ -47,7 +47,7 @@ class replaceForm {
   /// left out; any other failure goes to the caller.
   void init_form();
 
-  /// Gives a node of the title tree the look of a folder.
+  /// Gives a row of the title tree the pictures of a folder.
   static void show_as_folder(const Node& node);
 
   /// The last number used of the counter `name`. Tells the user if the table of counters is empty,

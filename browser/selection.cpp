@@ -6,13 +6,15 @@
 namespace ta_vorlumine {
 namespace {
 
-// A step that fails leaves its part of the window as it is; the next one still runs, so that a row
-// that another program has taken away costs no more than its own buttons.
+/// A step that fails leaves its part of the window as it is, so that a row that another program has
+/// taken away costs no more than its own buttons. False then; the next step runs all the same.
 template <class Step>
-void try_step(Step step) {
+bool try_step(Step step) {
   try {
     step();
-  } catch (const std::exception&) {  // NOLINT(bugprone-empty-catch): see above
+    return true;
+  } catch (const std::exception&) {
+    return false;
   }
 }
 
@@ -21,10 +23,15 @@ void try_step(Step step) {
 void replaceForm::select_node(const Node& node) {
   basNodeKey = node.Key();
   tmpNode = node;
-  try_step([this] {
+  const bool was_read = try_step([this] {
     basCopyRs = conn.Execute(
         ADODB::sql("select KIND,comment from replace where replace_no=<basNodeKey>", {basNodeKey}));
   });
+  // What was read for the node before says nothing about this one, nor do that node's buttons.
+  if (!was_read) {
+    basCopyRs.Close();
+    Init_ToolBar();
+  }
   try_step([this] {
     Label1.set_caption(basCopyRs.eof() ? "" : basCopyRs.Fields().Item("comment").Value().text());
   });

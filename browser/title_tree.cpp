@@ -1,34 +1,21 @@
 #include <exception>
 
 #include "browser/replace_form.h"
+#include "browser/tree_look.h"
 #include "platform/messages.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
-namespace {
 
 using ADODB::sql;
 
-const RGB root_colour(200, 160, 50);
-const RGB row_colour(0, 0, 255);
-
-}  // namespace
-
 void replaceForm::init_form() {
-  SSTree1.set_image_list(ImageList1);
   Init_ToolBar();
   basNodeKey = "0";
-  SSTree1.UniformRows(true);
-  SSTree1.Redraw(false);
-  SSTree1.Nodes.Clear();
-  atNode = SSTree1.Nodes.Add("0", "条件設定", "0");
-  atNode.Font(false, 10);
-  atNode.ForeColor(root_colour);
-  atNode.Image("root");
+  Label1.set_caption("");
+  const tree_filling filling(SSTree1, ImageList1, "条件設定", "0");
+  atNode = filling.root();
   load_title_children(0);
-  SSTree1.TopNode(SSTree1.Nodes.Item(SSTree1.Nodes.Count()).Root());
-  SSTree1.Indentation(250);
-  SSTree1.Redraw(true);
 }
 
 // A level that fails costs the tree the rest of that level, not the whole load.
@@ -55,9 +42,8 @@ void replaceForm::add_title_node(const ADODB::Fields& row) {
   const std::string kind = row.Item("kind").Value().text();
   const Node node = SSTree1.Nodes.AddChild(row.Item("p_replace_no").Value().text(), key,
                                            title.is_null() ? "NULL" : title.text(), "0");
-  node.Font(false, 10);
   node.parent().Expanded(true);
-  node.ForeColor(row_colour);
+  show_as_row(node);
   if (kind == "F") {
     show_as_folder(node);
   } else if (kind == "C") {
@@ -67,8 +53,6 @@ void replaceForm::add_title_node(const ADODB::Fields& row) {
 }
 
 void replaceForm::show_as_folder(const Node& node) {
-  node.Font(false, 10);
-  node.ForeColor(row_colour);
   node.Image("close");
   node.ExpandedImage("open");
 }

@@ -5,13 +5,18 @@
 
 namespace ta_vorlumine {
 
-/// The row under a command is gone: another program has deleted it. The text is for the user; the
-/// window that shows it loads its tree again.
-class vanished_row : public std::runtime_error {
+/// The store has changed under a command, so that what the window shows no longer holds and nothing
+/// was written. The text is for the user; whoever shows it loads the tree again.
+class outdated_view : public std::runtime_error {
+ public:
+  using std::runtime_error::runtime_error;
+};
+
+/// The row under a command is gone: another program has deleted it.
+class vanished_row : public outdated_view {
  public:
   vanished_row()
-      : std::runtime_error(
-            "対象の行は他のプログラムによって削除されています。一覧を読み直します。") {}
+      : outdated_view("対象の行は他のプログラムによって削除されています。一覧を読み直します。") {}
 };
 
 /// Raises vanished_row unless `replace` holds the row.

@@ -1,5 +1,6 @@
 #include "browser/new_keys.h"
 #include "browser/replace_form.h"
+#include "browser/tree_look.h"
 #include "editor/replace_create.h"
 #include "store/sql.h"
 
@@ -22,7 +23,8 @@ void replace_create::ins_yiwai() {
       }));
   if (!SSTree1.Nodes.Has(key)) {
     shared.atNode = SSTree1.Nodes.AddChild(parent, key, "以外");
-    show_as_rule(shared.atNode);
+    shared.atNode.parent().Expanded(true);
+    show_as_row(shared.atNode);
     shared.atNode.Image("cond");
   }
   shared.update_seqno("replace_m");

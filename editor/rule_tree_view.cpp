@@ -1,6 +1,7 @@
 #include <vector>
 
 #include "browser/replace_form.h"
+#include "browser/tree_look.h"
 #include "editor/condition_text.h"
 #include "editor/replace_create.h"
 #include "store/sql.h"
@@ -10,9 +11,6 @@ namespace {
 
 using ADODB::sql;
 using platform::form;
-
-const RGB root_colour(200, 160, 50);
-const RGB row_colour(0, 0, 255);
 
 std::string text_of(const ADODB::Recordset& row, std::string_view column) {
   return row.Fields().Item(column).Value().text();
@@ -29,23 +27,14 @@ std::string field_text(const std::string& field_id) {
 
 void replace_create::init_tree() {
   auto& shared = form<replaceForm>();
-  SSTree1.set_image_list(ImageList1);
   shared.basNodeKey = "0";
-  SSTree1.UniformRows(true);
-  SSTree1.Redraw(false);
-  SSTree1.Nodes.Clear();
-  shared.atNode = SSTree1.Nodes.Add("0", "置換条件");
-  shared.atNode.Font(false, 10);
-  shared.atNode.ForeColor(root_colour);
-  shared.atNode.Image("root");
+  const tree_filling filling(SSTree1, ImageList1, "置換条件");
+  shared.atNode = filling.root();
   shared.basCopyRs =
       shared.conn.Execute(sql("select * from replace_m where replace_no=<f_replace_no> "
                               "ORDER BY P_REPLACE_M_NO,replace_cond_type,replace_m_no",
                               {shared.f_replace_no}));
   add_rule_nodes();
-  SSTree1.TopNode(SSTree1.Nodes.Item(SSTree1.Nodes.Count()).Root());
-  SSTree1.Indentation(250);
-  SSTree1.Redraw(true);
 }
 
 // Every row that this editor writes comes after its parent. What other programs wrote may not: such
@@ -94,13 +83,8 @@ void replace_create::initone() {
   } else {
     return;
   }
-  show_as_rule(shared.atNode);
-}
-
-void replace_create::show_as_rule(const Node& node) {
-  node.parent().Expanded(true);
-  node.Font(false, 10);
-  node.ForeColor(row_colour);
+  shared.atNode.parent().Expanded(true);
+  show_as_row(shared.atNode);
 }
 
 }  // namespace ta_vorlumine

@@ -75,6 +75,19 @@ TEST_F(TitleBrowser, SelectionAllowsWhatTheNodeTakesAndShowsItsRemark) {
   EXPECT_EQ(titles().size(), 5U);
 }
 
+TEST_F(TitleBrowser, ANodeThatCantBeReadGetsNoButtonsOfTheOneBefore) {
+  in_browser([this] {
+    click_node("営業");
+    store.run("alter table replace rename to away");
+    click_node("敬称");
+    EXPECT_EQ(enabled_buttons(), "close");
+    store.run("alter table away rename to replace");
+    click_node("敬称");
+    EXPECT_EQ(enabled_buttons(), "update copy del close");
+    close();
+  }).browse(store);
+}
+
 TEST_F(TitleBrowser, ARefusedLevelIsToldAndCostsThatLevelAlone) {
   store.run("alter table replace_m rename to replace_n");
   const std::string refusal = store.refusal_of("select * from replace_m");
@@ -219,6 +232,26 @@ TEST_F(TitleBrowser, ARowThatAnotherProgramHasDeletedIsToldAndNothingIsWritten) 
     EXPECT_EQ(titles().size(), before.size() - 1) << button;
   }
   EXPECT_EQ(counters(), "5|10|1");
+}
+
+TEST_F(TitleBrowser, AFolderDeletedUnderItsDialogEndsTheDialog) {
+  in_browser([] {
+    click_node("総務");
+    press("updatef");
+  })
+      .in("replaceFolder",
+          [this] {
+            store.run("delete from replace where title='総務'");
+            type("Text1", "新しい");
+            press("Command2");
+          })
+      .message("対象の行は他のプログラムによって削除されています。一覧を読み直します。")
+      .in("replaceForm",
+          [] {
+            EXPECT_EQ(tree_lines().size(), 5U);
+            close();
+          })
+      .browse(store);
 }
 
 TEST_F(TitleBrowser, AFolderKeyTakenByAnotherProgramHealsTheCounter) {
