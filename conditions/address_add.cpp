@@ -1,12 +1,10 @@
 #include "conditions/address_add.h"
 
 #include <cstdint>
-#include <stdexcept>
 #include <string>
 
 #include "browser/new_keys.h"
 #include "browser/replace_form.h"
-#include "browser/vanished_row.h"
 #include "editor/replace_create.h"
 #include "editor/selected_node.h"
 #include "platform/messages.h"
@@ -17,13 +15,6 @@ namespace {
 
 using ADODB::sql;
 using platform::form;
-
-class top_row_taken : public std::runtime_error {
- public:
-  top_row_taken()
-      : std::runtime_error(
-            "先頭の項目は他のプログラムによってすでに設定されています。一覧を読み直します。") {}
-};
 
 void insert_field(std::int16_t key, const std::string& field_id) {
   auto& shared = form<replaceForm>();
@@ -39,13 +30,13 @@ void insert_top_field(const std::string& field_id) {
     insert_field(form<replaceForm>().f_replace_m_no, field_id);
   } catch (const ADODB::Error& failure) {
     if (failure.kind() != ADODB::failure_kind::refused_by_key) throw;
-    throw top_row_taken();
+    throw taken_place();
   }
 }
 
 void add_field(const std::string& field_id, std::int64_t last_number) {
   auto& shared = form<replaceForm>();
-  require_selected_node();
+  require_free_place();
   if (shared.basNodeKey == "0") {
     insert_top_field(field_id);
   } else {
@@ -99,10 +90,8 @@ void address_add::ok() {
   form<replace_create>().f_attr = field.Item("attr").Value().text();
   try {
     add_field(field.Item("field_id").Value().text(), last_number);
-  } catch (const vanished_row& gone) {
-    platform::message(gone.what());
-  } catch (const top_row_taken& taken) {
-    platform::message(taken.what());
+  } catch (const outdated_view& outdated) {
+    platform::message(outdated.what());
   }
   form<replace_create>().init_tree();
   window.unload();

@@ -13,7 +13,12 @@ using platform::form;
 void condition_dialog::ok() {
   if (!fg.commit_edit()) return;
   bool stored = false;
-  transaction_.run([&] { stored = store(); });
+  try {
+    transaction_.run([&] { stored = store(); });
+  } catch (const vanished_row& gone) {
+    platform::message(gone.what());
+    return window.unload();
+  }
   if (!stored) return;
   platform::message("設定完了！");
   window.unload();

@@ -59,8 +59,8 @@ void condition_transaction::commit() {
   cond_saved_ = true;
 }
 
-// A store that is out of reach takes nothing back; the editor is shown in any case, and the first
-// failure told.
+// A store that is out of reach takes nothing back; the editor is shown in any case, and a failure
+// told.
 void condition_transaction::end() {
   auto& conn = form<replaceForm>().conn;
   std::exception_ptr failure;

@@ -69,28 +69,43 @@ void r_yesno_cond::ok() {
   const std::string choice = Combo1.text();
   if (choice == nothing_chosen) return platform::message("選択してください!");
   if (choice != "はい" && choice != "いいえ") platform::message("Exception Error!");
-  transaction_.run([&] { store(choice == "はい"); });
+  bool was_told = false;
+  try {
+    transaction_.run([&] {
+      store_answer(choice == "はい");
+      if (!was_told) platform::message("設定完了！");
+      was_told = true;
+      make_row();
+      transaction_.commit();
+    });
+  } catch (const vanished_row& gone) {
+    platform::message(gone.what());
+  }
   window.unload();
 }
 
-// A transaction that had to begin anew has lost the line of the opening: it is made again.
-void r_yesno_cond::store(bool answer) {
+// A transaction that had to begin anew has lost the line of the opening: it is made again, and
+// under a new number if another program has taken the one of then.
+void r_yesno_cond::store_answer(bool answer) {
   auto& shared = form<replaceForm>();
   auto& editor = form<replace_create>();
   require_selected_node();
+  if (editor.f_cond_value == 0 && count_children() <= 1) renew_condition_number();
   static_cast<void>(stored_answer());
   shared.conn.Execute(
       sql("update replace_cond set b_val=<answer> where replace_no=<f_replace_no> "
           "and replace_cond_no=<f_replace_cond_no>",
           {answer ? "True" : "False", shared.f_replace_no, editor.f_replace_cond_no}));
-  platform::message("設定完了！");
-  if (editor.f_cond_value == 0) {
-    const std::int64_t children = count_children();
-    if (children <= 1) insert_condition_row();
-    if (children == 0) editor.ins_yiwai();
-    shared.basRS.Close();
-  }
-  transaction_.commit();
+}
+
+// A yes/no field has one condition: with its otherwise branch it needs no more rows.
+void r_yesno_cond::make_row() {
+  auto& editor = form<replace_create>();
+  if (editor.f_cond_value != 0) return;
+  const std::int64_t children = count_children();
+  if (children <= 1) insert_condition_row();
+  if (children == 0) editor.ins_yiwai();
+  form<replaceForm>().basRS.Close();
 }
 
 }  // namespace ta_vorlumine

@@ -24,7 +24,8 @@ class r_yesno_cond {
   void load();
   void read_answer();
   void ok();
-  void store(bool answer);
+  void store_answer(bool answer);
+  void make_row();
 
   condition_transaction transaction_;
 };

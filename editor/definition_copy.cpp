@@ -157,7 +157,8 @@ void replace_create::write_counters(const copy_numbers& numbers, std::int64_t la
   write("UPDATE SEQNO SET REPLACE_COND = <number>", "replace_cond", numbers.next_condition);
 }
 
-// What can't be deleted either, because the store is gone, hangs below no definition row last.
+// The definition's own row goes last: what could not be deleted before it the user still sees, and
+// can delete.
 void replace_create::delete_definition(std::int64_t definition) {
   try {
     auto& conn = form<replaceForm>().conn;

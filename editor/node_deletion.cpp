@@ -1,6 +1,7 @@
 #include "browser/replace_form.h"
 #include "browser/vanished_row.h"
 #include "editor/replace_create.h"
+#include "editor/selected_node.h"
 #include "platform/busy_pointer.h"
 #include "platform/messages.h"
 #include "store/sql.h"
@@ -55,8 +56,8 @@ void replace_create::delete_condition(const ADODB::Recordset& row, const std::st
   if (node.Text() == "以外") {
     return platform::message("条件あるときは以外条件が削除出来ません");
   }
-  const bool last_ordinary = node.parent().Children() == 2 && !node.Next().is_empty();
-  if (last_ordinary && node.Next().Text() == "以外") delete_otherwise(node.Next());
+  const Node otherwise = lone_otherwise(node);
+  if (!otherwise.is_empty()) delete_otherwise(otherwise);
   const std::string replace_no = row.Fields().Item("replace_no").Value().text();
   const ADODB::Value cond_no = row.Fields().Item("replace_cond_no").Value();
   SSTree1.Nodes.Remove(key);

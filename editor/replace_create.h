@@ -84,7 +84,6 @@ class replace_create {
   void press(int position);
 
   void add_rule_nodes();
-  static void show_as_rule(const Node& node);
 
   struct copy_numbers;
   void copy_definition(std::int32_t source);
@@ -102,7 +101,6 @@ class replace_create {
   void addr_set();
   void cond_val_set();
   void cond_set();
-  std::int16_t lend_existing(const ADODB::Recordset& row);
   std::int16_t lend_new();
   [[nodiscard]] bool read_field_attr(bool existing);
   void lend_yesno_number(const ADODB::Recordset& row, std::int16_t first_cond_no);

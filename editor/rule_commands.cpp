@@ -1,3 +1,5 @@
+#include <stdexcept>
+
 #include "browser/new_keys.h"
 #include "browser/replace_form.h"
 #include "browser/vanished_row.h"
@@ -52,17 +54,17 @@ void replace_create::cond_set() {
   const bool existing = column(row, "use_type").text() == "C";
   f_cond_value = existing ? 1 : 0;
   f_fieldname = existing ? shared.tmpNode.parent().Text() : shared.tmpNode.Text();
-  const std::int16_t first_cond_no = existing ? lend_existing(row) : lend_new();
+  std::int16_t first_cond_no = 0;
+  if (existing) {
+    f_replace_cond_no = line_number(row);
+  } else {
+    first_cond_no = lend_new();
+  }
   if (!read_field_attr(existing)) return;
   if (f_attr == "B") lend_yesno_number(row, first_cond_no);
   shared.basCopyRs.Close();
   set_next_line_number();
   open_condition_dialog();
-}
-
-std::int16_t replace_create::lend_existing(const ADODB::Recordset& row) {
-  f_replace_cond_no = line_number(row);
-  return 0;
 }
 
 /// Gives the number of the field's first condition, 0 if it has none. The otherwise branch, which
@@ -88,8 +90,10 @@ std::int16_t replace_create::lend_new() {
 // condition's lines with others.
 void replace_create::lend_condition_number() {
   auto& shared = form<replaceForm>();
-  for (;;) {
+  for (std::int16_t before = 0;; before = f_replace_cond_no) {
     f_replace_cond_no = checked_key(shared.getfrom_seqno("replace_cond") + 1);
+    // A table of counters without its row stays as it is, and so does the number.
+    if (f_replace_cond_no == before) throw std::runtime_error("条件の番号を決められません。");
     const ADODB::Recordset lines =
         query(sql("select max(sno) from replace_cond where replace_cond_no=<f_replace_cond_no> "
                   "and replace_no=<f_replace_no>",

@@ -1,4 +1,5 @@
 #include "browser/replace_form.h"
+#include "browser/vanished_row.h"
 #include "editor/replace_create.h"
 #include "store/sql.h"
 
@@ -32,7 +33,7 @@ void replace_create::enable_for(const Node& node) {
     return enable(alone, false, alone, false);
   }
   auto& shared = form<replaceForm>();
-  if (shared.basRS.eof()) return;
+  if (shared.basRS.eof()) throw vanished_row();
   const std::string use_type = shared.basRS.Fields().Item(0).Value().text();
   if (use_type == "C") {
     const ADODB::Value count = shared.basCopyRs.Fields().Item(0).Value();

@@ -8,7 +8,7 @@ namespace ta_vorlumine {
 
 /// Fills the tokens %01, %02, ... of a statement in one pass, so that a text with "%10" in it is
 /// never taken for a token. `values` are ready for their places: doubled where these are quoted.
-/// A value of "null" in quotes takes the quotes away: see null_value.
+/// In quotes null_value takes the quotes away.
 [[nodiscard]] std::string fill_template(std::string_view statement,
                                         const std::vector<std::string>& values);
 

@@ -1,6 +1,7 @@
 #include "browser/replace_form.h"
 #include "browser/vanished_row.h"
 #include "editor/replace_create.h"
+#include "editor/selected_node.h"
 #include "platform/messages.h"
 #include "store/sql.h"
 
@@ -52,7 +53,8 @@ void replace_create::exit() {
 }
 
 void replace_create::exit_untitled() {
-  if (SSTree1.Nodes.Count() >= 2) {
+  // After a failure the tree may show less than there is.
+  if (SSTree1.Nodes.Count() >= 2 || has_children("0")) {
     platform::message("タイトルを入力してください。");
     return Text1.set_focus();
   }

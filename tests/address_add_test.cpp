@@ -101,7 +101,7 @@ TEST_F(FieldPicker, AnotherProgramsTopRowIsShownInPlaceOfASecondOne) {
                 "values(2,21,0,'F','F2')");
             pick("氏名");
           })
-      .message("先頭の項目は他のプログラムによってすでに設定されています。一覧を読み直します。");
+      .message("この位置には項目または置換値がすでに設定されています。一覧を読み直します。");
   play(user, [] { EXPECT_EQ(tree_lines(), (rows{"置換条件", "  フリガナ"})); });
   EXPECT_EQ(fields(), (rows{"1|10|0|F1|null", "2|21|0|F2|null"}));
   EXPECT_EQ(counter(), "20");

@@ -354,6 +354,28 @@ TEST_F(ConditionDialogs, AYesNoFieldHasOneConditionWhichIsOpenedAgain) {
   EXPECT_EQ(counters(), "33|42|8");
 }
 
+TEST_F(ConditionDialogs, AYesNoConditionPointsToItsLineThoughItsNumberWasTaken) {
+  store.refuse("update", "replace_cond", "今は変更できません");
+  user script = open("二択", "会員", "cond_set");
+  script.in("r_yesno_cond", [] {
+    choose("Combo1", "はい");
+    ok();
+  });
+  script.message("今は変更できません").in("r_yesno_cond", [this] {
+    store.stop_refusing();
+    store.run_all(
+        {"insert into replace_cond(replace_no,replace_cond_no,sno,use_type,b_val) "
+         "values(32,8,1,'B',false)",
+         "update seqno set replace_cond=8"});
+    ok();
+  });
+  script.message("設定完了！");
+  play(script, [] {
+    EXPECT_EQ(tree_lines(), (rows{"置換条件", "  会員", "    はい", "    以外"}));
+  });
+  EXPECT_EQ(conditions(32), (rows{"41|32|0|9", "42|32|1|null"}));
+}
+
 TEST_F(ConditionDialogs, ALoneConditionGetsItsOtherwiseBranchEvenIfTheDialogIsCancelled) {
   store.run("delete from replace_m where replace_no=1 and replace_m_no>11");
   user script = open("敬称", "氏名", "cond_set");
@@ -388,9 +410,17 @@ TEST_F(ConditionDialogs, AConditionDeletedByAnotherProgramIsNotWrittenAgain) {
     ok();
   });
   script.message("対象の行は他のプログラムによって削除されています。一覧を読み直します。");
-  script.in("r_text_cond", [] { cancel(); });
   play(script);
   EXPECT_TRUE(lines(1).empty());
+}
+
+TEST_F(ConditionDialogs, AConditionThatGetsNoNumberOfItsOwnIsNotMade) {
+  store.run_all({"delete from seqno", "update replace_cond set replace_no=33"});
+  user script = open("新規", "氏名", "cond_set");
+  script.message("SEQNOテーブルがありません").message("SEQNOテーブルがありません");
+  script.message("条件の番号を決められません。");
+  play(script);
+  EXPECT_EQ(lines(33).size(), 3U);
 }
 
 TEST(TypedNumber, TakesJustTheFormsThatTheStoreTakes) {

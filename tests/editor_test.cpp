@@ -294,6 +294,51 @@ TEST_F(Editor, DeletesBranchesAndKeepsTheOtherwiseBranchWithTheLastCondition) {
   EXPECT_EQ(lines(99).size(), 1U);
 }
 
+TEST_F(Editor, TheOtherwiseBranchStaysForAConditionThatTheTreeDoesntShowYet) {
+  user script = opened("敬称");
+  script.in("replace_create", [this] {
+    click_node("東（部分一致）;西%05（完全一致）");
+    rule(20, 7, "'C',null,'0',3,null,null");
+    press("del_set");
+  });
+  script.question("削除してもよろしいですか", true);
+  script.in("replace_create", [] {
+    EXPECT_EQ(tree_lines(), (rows{"置換条件", "  氏名", "    以外", "      様'%10"}));
+    press("exit");
+  });
+  play(script);
+  EXPECT_EQ(rules(7).size(), 4U);
+}
+
+TEST_F(Editor, ATreeThatCouldntBeLoadedDoesntMakeADefinitionEmpty) {
+  user script = opened("宛名", "add");
+  script.in("replace_create", [] {
+    click_node("置換条件");
+    press("cond_val_set");
+  });
+  script.in("set_value", [this] {
+    type("title_txt", "様");
+    store.run("alter table field rename to away");
+    store.run(
+        "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id) "
+        "values(9,31,0,'F','N')");
+    press("Command2");
+  });
+  script.whatever("the engine's refusal", [] { key(Qt::Key_Return); });
+  script.in("replace_create", [this] {
+    EXPECT_EQ(tree_lines(), (rows{"置換条件"}));
+    store.run("alter table away rename to field");
+    press("exit");
+  });
+  script.message("タイトルを入力してください。");
+  script.in("replace_create", [] {
+    type("Text1", "新しい");
+    press("exit");
+  });
+  play(script);
+  EXPECT_EQ(rules(9).size(), 1U);
+}
+
 TEST_F(Editor, ADefinitionDeletedByAnotherProgramIsToldAndNothingIsWritten) {
   const std::string gone = "対象の行は他のプログラムによって削除されています。一覧を読み直します。";
   user script = opened("敬称");

@@ -290,6 +290,21 @@ TEST_F(ValueDialog, TakesAPathAsChosen) {
   EXPECT_EQ(last_value("2"), "21|0|題|T|null|" + path + "|null|null|null");
 }
 
+TEST_F(ValueDialog, APlaceTakesOneValueHoweverOftenOkIsPressed) {
+  store.refuse("update", "seqno", "今は変更できません");
+  user user = open("空", "置換条件", "cond_val_set");
+  user.in("set_value", [] {
+    type("title_txt", "題");
+    ok();
+  });
+  user.message("今は変更できません").in("set_value", [this] {
+    store.stop_refusing();
+    ok();
+  });
+  user.message("この位置には項目または置換値がすでに設定されています。一覧を読み直します。");
+  play(user, [] { EXPECT_EQ(tree_lines(), (rows{"置換条件", "  題"})); });
+}
+
 TEST_F(ValueDialog, WritesNothingUnderWhatIsGoneOrRefused) {
   store.refuse("update", "replace_m", "今は変更できません");
   user refused = on_value();

@@ -42,7 +42,7 @@ constexpr std::array known_texts = {
     // Another user on the same store was quicker.
     "database is locked",
     "対象の行は他のプログラムによって削除されています。",
-    "先頭の項目は他のプログラムによってすでに設定されています。",
+    "この位置には項目または置換値がすでに設定されています。",
     "選択した項目はアドレス帳から削除されています。",
 };
 

@@ -1,6 +1,5 @@
 #include "browser/new_keys.h"
 #include "browser/replace_form.h"
-#include "browser/vanished_row.h"
 #include "editor/replace_create.h"
 #include "editor/selected_node.h"
 #include "platform/messages.h"
@@ -19,11 +18,12 @@ constexpr std::array<const char*, 4> columns{"r_text", "r_text_filename", "r_ima
 
 void write(const value_entry& value, std::int64_t last_number) {
   auto& shared = form<replaceForm>();
-  require_selected_node();
   if (form<replace_create>().r_value == 1) {
+    require_selected_node();
     shared.conn.Execute(update_statement(value, shared.basNodeKey, shared.f_replace_no));
     return;
   }
+  require_free_place();
   insert_with_new_key(shared, "replace_m", last_number, [&](std::int16_t key) {
     shared.conn.Execute(insert_statement(value, key, shared.basNodeKey, shared.f_replace_no));
   });
@@ -87,8 +87,8 @@ void set_value::ok() {
   const value_entry value{*kind, title, content(*kind, title)};
   try {
     write(value, last_number);
-  } catch (const vanished_row& gone) {
-    platform::message(gone.what());
+  } catch (const outdated_view& outdated) {
+    platform::message(outdated.what());
   }
   window.unload();
 }
