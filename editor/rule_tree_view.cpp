@@ -28,12 +28,13 @@ std::string field_text(const std::string& field_id) {
 void replace_create::init_tree() {
   auto& shared = form<replaceForm>();
   shared.basNodeKey = "0";
-  const tree_filling filling(SSTree1, ImageList1, "置換条件");
-  shared.atNode = filling.root();
+  // Read before the tree is emptied: a store that is out of reach leaves it as it was.
   shared.basCopyRs =
       shared.conn.Execute(sql("select * from replace_m where replace_no=<f_replace_no> "
                               "ORDER BY P_REPLACE_M_NO,replace_cond_type,replace_m_no",
                               {shared.f_replace_no}));
+  const tree_filling filling(SSTree1, ImageList1, "置換条件");
+  shared.atNode = filling.root();
   add_rule_nodes();
 }
 
