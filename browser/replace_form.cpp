@@ -31,7 +31,12 @@ replaceForm::replaceForm()
   window.on_key_down = [this](int& code, int shift) {
     if (window.active_control() == SSTree1.name()) swallow_clipboard_keys(code, shift);
   };
-  window.on_failure = [this] { init_form(); };
+  // The look ends here if the store is out of reach, and the tree stays as it was.
+  window.on_failure = [this] {
+    Init_ToolBar();
+    static_cast<void>(conn.Execute("select replace_no from replace where replace_no=0"));
+    init_form();
+  };
   Toolbar1.rest = &SSTree1;
   Toolbar1.on_button_click = [this](const std::string& key, int) { press(key); };
   SSTree1.on_node_click = [this](const Node& node) { select_node(node); };

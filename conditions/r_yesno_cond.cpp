@@ -1,5 +1,7 @@
 #include "conditions/r_yesno_cond.h"
 
+#include <exception>
+
 #include "browser/replace_form.h"
 #include "conditions/condition_row.h"
 #include "editor/replace_create.h"
@@ -54,8 +56,11 @@ void r_yesno_cond::load() {
   try {
     transaction_.run([this] { read_answer(); });
   } catch (...) {
-    // A form that fails to load is never unloaded.
-    transaction_.end();
+    // A form that fails to load is never unloaded. The failure to tell is the first.
+    try {
+      transaction_.end();
+    } catch (const std::exception&) {
+    }
     throw;
   }
 }

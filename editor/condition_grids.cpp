@@ -1,3 +1,5 @@
+#include <exception>
+
 #include "conditions/r_date_cond.h"
 #include "conditions/r_number_cond.h"
 #include "conditions/r_text_cond.h"
@@ -19,7 +21,11 @@ void open(platform::Form& window, platform::Label& label, const std::string& fie
   try {
     fill();
   } catch (...) {
-    window.unload();
+    try {
+      window.unload();
+    } catch (const std::exception&) {
+      // The failure that led here is the one to tell.
+    }
     throw;
   }
   window.show();

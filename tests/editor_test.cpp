@@ -185,6 +185,23 @@ TEST_F(Editor, ChecksTheTitleInItsOrder) {
   EXPECT_EQ(store.value("select title from replace where replace_no=7"), "空の定義");
 }
 
+TEST_F(Editor, ADefinitionThatAnotherProgramHasFilledNeedsATitle) {
+  user script = opened("空の定義");
+  script.in("replace_create", [this] {
+    store.run(
+        "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id)"
+        " values(8,31,0,'F','A')");
+    type("Text1", "");
+    press("exit");
+  });
+  script.message("タイトルを入力してください。").in("replace_create", [] {
+    type("Text1", "満ちた定義");
+    press("exit");
+  });
+  play(script);
+  EXPECT_EQ(store.value("select title from replace where replace_no=8"), "満ちた定義");
+}
+
 TEST_F(Editor, AnUntouchedNewDefinitionGoesAwayAgain) {
   user script = opened("宛名", "add");
   script.in("replace_create", [this] {
