@@ -66,13 +66,13 @@ statement_faults::~statement_faults() {
   faults = nullptr;
 }
 
-void statement_faults::refuse(int number) {
+void statement_faults::fail(int number) {
   wanted_ = number;
   seen_ = 0;
   refuse_write_ = refuse_commit_ = false;
 }
 
-bool statement_faults::tells_refusal(const std::string& text) {
+bool statement_faults::tells(const std::string& text) const {
   return text == refusal || text == "interrupted" || text == "constraint failed";
 }
 

@@ -1,8 +1,6 @@
 #pragma once
 
-#include <string>
-
-#include "harness.h"
+#include "store_faults.h"
 
 struct sqlite3;
 
@@ -11,21 +9,15 @@ namespace harness {
 /// Has an SQLite store refuse one statement, whichever it is, of the connections that are opened
 /// during this object's life: a write by a trigger, a read as interrupted, a commit as the engine
 /// refuses one. There is one such object at a time.
-class statement_faults {
+class statement_faults : public store_faults {
  public:
   explicit statement_faults(test_store& store);
-  statement_faults(const statement_faults&) = delete;
-  statement_faults& operator=(const statement_faults&) = delete;
-  ~statement_faults();
+  ~statement_faults() override;
 
-  /// The statement to refuse, counted from here on, from 1; 0 for none.
-  void refuse(int number);
-  /// How many statements there were since.
-  [[nodiscard]] int seen() const { return seen_; }
-  /// The statement that was refused, empty so far.
-  [[nodiscard]] const std::string& refused() const { return refused_; }
-  /// True if the text is one that a refusal brings to the user.
-  [[nodiscard]] static bool tells_refusal(const std::string& text);
+  void fail(int number) override;
+  [[nodiscard]] int seen() const override { return seen_; }
+  [[nodiscard]] std::string failed() const override { return refused_; }
+  [[nodiscard]] bool tells(const std::string& text) const override;
 
  private:
   struct callbacks;

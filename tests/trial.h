@@ -1,0 +1,60 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "store_faults.h"
+#include "swept_commands.h"
+
+class QMessageBox;
+
+namespace harness {
+
+/// What goes wrong, and how it is brought about.
+struct trouble {
+  std::string name;
+  std::function<std::unique_ptr<store_faults>(test_store&)> make;
+  bool lasts = false;          ///< until the user does something about it
+  bool loses_answers = false;  ///< so that nobody knows what was done
+};
+
+/// A command played until its goal is reached, while something goes wrong at one occasion. The
+/// store is filled anew; making one for each trial costs a server more than the trial.
+class trial {
+ public:
+  trial(std::optional<test_store>& store, const trouble& trouble);
+
+  /// A patient user repairs what lasts as soon as it is told, and tries again; another leaves.
+  void play(const swept_command& command, int number, bool is_patient = true);
+
+  // What is to be judged: all rows, and the shape, but for the counters.
+  using rows = std::vector<std::string>;
+  rows before, after_failure, after, shape;
+  std::string failed;
+  bool was_reached = false;   ///< the command has so many occasions
+  bool was_told = false;      ///< by the first message after the failure
+  bool was_deceived = false;  ///< by a message that all is stored when it wasn't
+  rows way;                   ///< windows and messages, as they came
+
+ private:
+  [[nodiscard]] rows content();
+  void tick(const swept_command& command, int number);
+  void step(QWidget& top, const swept_command& command, int number);
+  void read(const QMessageBox& box, const swept_command& command, bool has_failed);
+  void close(QWidget& top);
+  [[nodiscard]] bool is_done(const swept_command& command);
+  [[noreturn]] void give_up(const std::string& what) const;
+
+  test_store* store_ = nullptr;
+  std::unique_ptr<store_faults> faults_;
+  std::vector<QWidget*> at_work_;
+  bool is_patient_ = true;
+  bool is_armed_ = false;
+  bool has_left_ = false;
+  bool has_read_ = false;
+};
+
+}  // namespace harness
