@@ -5,6 +5,7 @@
 
 #include "browser/replace_form.h"
 #include "store/key_counters.h"
+#include "store/sql.h"
 
 namespace ta_vorlumine {
 namespace {
@@ -43,6 +44,17 @@ std::int16_t insert_with_new_key(replaceForm& shared, std::string_view name,
       last_number = next_number;
     }
   }
+}
+
+std::int16_t free_rule_key(replaceForm& shared) {
+  std::int64_t last_number = shared.getfrom_seqno("replace_m");
+  const ADODB::Recordset rows = shared.conn.Execute(
+      ADODB::sql("select max(replace_m_no) from replace_m where replace_no=<f_replace_no>",
+                 {shared.f_replace_no}));
+  const ADODB::Value& highest = rows.Fields().Item(0).Value();
+  for (; !highest.is_null() && last_number < highest.number(); ++last_number)
+    shared.update_seqno("replace_m");
+  return checked_key(last_number + 1);
 }
 
 }  // namespace ta_vorlumine

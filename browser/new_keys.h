@@ -24,4 +24,8 @@ std::int16_t insert_with_new_key(replaceForm& shared, std::string_view name,
                                  std::int64_t last_number,
                                  const std::function<void(std::int16_t key)>& insert);
 
+/// The next rule key for the definition under edit. A counter that lags behind that definition's
+/// rows is advanced past them first: inside a transaction a refused insert would come too late.
+[[nodiscard]] std::int16_t free_rule_key(replaceForm& shared);
+
 }  // namespace ta_vorlumine

@@ -31,7 +31,7 @@ std::int64_t count_children() {
 
 void insert_condition_row() {
   auto& shared = form<replaceForm>();
-  const std::int16_t row = checked_key(shared.getfrom_seqno("replace_m") + 1);
+  const std::int16_t row = free_rule_key(shared);
   const std::int16_t lines = checked_key(shared.getfrom_seqno("replace_cond") + 1);
   shared.conn.Execute(
       sql("insert into replace_m(replace_m_no,p_replace_m_no,use_type,replace_cond_type,"

@@ -14,8 +14,9 @@ using platform::form;
 void replace_create::ins_yiwai() {
   auto& shared = form<replaceForm>();
   const std::string parent = shared.basNodeKey;
-  const std::string key =
-      std::to_string(insert_with_new_key(shared, "replace_m", [&](std::int16_t number) {
+  const std::int64_t last_number = free_rule_key(shared) - 1;
+  const std::string key = std::to_string(
+      insert_with_new_key(shared, "replace_m", last_number, [&](std::int16_t number) {
         shared.conn.Execute(
             sql("insert into replace_m(replace_m_no,p_replace_m_no,use_type,replace_cond_type,"
                 "replace_no) values(<new key>,<basNodeKey>,'C','1',<f_replace_no>)",
