@@ -2,6 +2,7 @@
 
 #include <functional>
 #include <map>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,10 @@ struct swept_command {
   bool takes_rows_away = false;
   bool is_whole = false;  ///< a condition dialog
 };
+
+inline void PrintTo(const swept_command& command, std::ostream* out) {
+  *out << command.name;
+}
 
 /// The store that the commands are for, as statements over empty tables.
 extern const std::vector<std::string> swept_rows;

@@ -21,6 +21,10 @@ struct trouble {
   bool loses_answers = false;  ///< so that nobody knows what was done
 };
 
+inline void PrintTo(const trouble& trouble, std::ostream* out) {
+  *out << trouble.name;
+}
+
 /// A command played until its goal is reached, while something goes wrong at one occasion. The
 /// store is filled anew; making one for each trial costs a server more than the trial.
 class trial {
