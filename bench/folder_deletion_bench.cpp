@@ -1,48 +1,36 @@
 // A folder of 5,000 definitions goes.
 
-#include "browser/replace_form.h"
-#include "made_store.h"
-#include "ratio.h"
+#include "comparison.h"
+#include "opened_forms.h"
 
 namespace {
 
-using bench::send;
-using platform::form;
-using ta_vorlumine::replaceForm;
-
 constexpr int definitions = 5'000;
 
-void bare_deletion(sqlite3* database, const std::string& parent) {
+void bare_deletion(bench::bare_connection& bare, const std::string& parent) {
   std::vector<std::string> children;
-  send(database,
-       "select replace_no,P_replace_NO,replace_m_no from replace where p_replace_no= " + parent,
-       [&](sqlite3_stmt* row) {
-         children.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(row, 0)));
-       });
+  bare.send(
+      "select replace_no,P_replace_NO,replace_m_no from replace where p_replace_no= " + parent,
+      [&](const bench::bare_row& row) { children.emplace_back(row.text(0)); });
   for (const std::string& key : children) {
-    send(database, "delete from replace_m where replace_no=" + key);
-    send(database, "delete from replace_cond where replace_no=" + key);
-    bare_deletion(database, key);
+    bare.send("delete from replace_m where replace_no=" + key);
+    bare.send("delete from replace_cond where replace_no=" + key);
+    bare_deletion(bare, key);
   }
-  send(database, "Delete from replace where replace_no=" + parent);
+  bare.send("Delete from replace where replace_no=" + parent);
 }
 
-void folder_deletion(benchmark::State& state) {
-  bench::made_store store;
-  const auto bare = store.bare();
-  form<replaceForm>().conn.Open(store.connect_string());
-  std::vector<double> references;
-  std::vector<double> times;
-  for (auto _ : state) {
-    store.add_folder(1, definitions);
-    references.push_back(bench::milliseconds([&] { bare_deletion(bare.get(), "1"); }));
-    store.add_folder(1, definitions);
-    times.push_back(bench::milliseconds([] { form<replaceForm>().DeleteChild("1"); }));
-    state.SetIterationTime(times.back() / 1000);
-  }
-  form<replaceForm>().conn.Close();
-  bench::report(state, 1.1, references, times);
+void folder_deletion(benchmark::State& state, bench::engine engine) {
+  bench::made_store store(engine);
+  const bench::open_connection open(store);
+  const auto add = [&] { store.add_folder(1, definitions); };
+  bench::compare(state, store,
+                 {.measured = {[&] { open.shared.DeleteChild("1"); }, add},
+                  .reference_is = "the same statements as texts",
+                  .reference = {[&] { bare_deletion(store.bare(), "1"); }, add},
+                  .limit = 1.1});
 }
-BENCHMARK(folder_deletion)->Iterations(3)->UseManualTime();
+BENCHMARK_CAPTURE(folder_deletion, sqlite, bench::engine::sqlite)->Iterations(3);
+BENCHMARK_CAPTURE(folder_deletion, postgresql, bench::engine::postgresql)->Iterations(3);
 
 }  // namespace

@@ -1,9 +1,18 @@
 #include <benchmark/benchmark.h>
 
 #include <QApplication>
+#include <cstdio>
+#include <exception>
 
-int main(int argc, char** argv) {
+#include "table.h"
+
+int main(int argc, char** argv) try {
   const QApplication application(argc, argv);
   benchmark::Initialize(&argc, argv);
-  benchmark::RunSpecifiedBenchmarks();
+  bench::table table;
+  benchmark::RunSpecifiedBenchmarks(&table);
+  return table.has_miss() ? 1 : 0;
+} catch (const std::exception& failure) {
+  std::fprintf(stderr, "%s\n", failure.what());
+  return 2;
 }

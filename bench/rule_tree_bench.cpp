@@ -1,162 +1,145 @@
 // A definition of 10,000 rule rows: shown, clicked, copied, given a value.
 
-#include "browser/replace_form.h"
-#include "editor/replace_create.h"
-#include "made_store.h"
-#include "ratio.h"
+#include "comparison.h"
+#include "opened_forms.h"
 #include "values/set_value.h"
 
 namespace {
 
+using bench::bare_row;
+using bench::engine;
 using bench::made_store;
-using bench::send;
-using platform::form;
-using namespace ta_vorlumine;
+using bench::way;
+using ta_vorlumine::Node;
+using ta_vorlumine::set_value;
 
 constexpr int rule_rows = 10'000;
 
-std::string column(sqlite3_stmt* row, int number) {
-  const auto* text = reinterpret_cast<const char*>(sqlite3_column_text(row, number));
-  return text ? text : "";
-}
-
-/// The editor on definition 1 of a store, its window made but not run.
-struct open_editor {
-  explicit open_editor(const made_store& store) {
-    auto& shared = form<replaceForm>();
-    shared.conn.Open(store.connect_string());
-    shared.basAU = "6";
-    shared.basNodeKey = "1";
-    shared.f_replace_no = 1;
-    form<replace_create>().window.load();
-  }
-  ~open_editor() {
-    form<replace_create>().window.unload();
-    form<replaceForm>().window.unload();
-    form<replaceForm>().conn.Close();
-  }
+struct full_store : made_store {
+  explicit full_store(engine behind) : made_store(behind) { fill_rules(rule_rows); }
 };
 
-void bare_tree(sqlite3* database) {
-  std::vector<std::string> look_ups;
-  send(database,
-       "select * from replace_m where replace_no=1 ORDER BY "
-       "P_REPLACE_M_NO,replace_cond_type,replace_m_no",
-       [&](sqlite3_stmt* row) {
-         const std::string type = column(row, 2);
-         if (type == "F") {
-           look_ups.push_back("select field_name from field where field_id='" + column(row, 3) +
-                              "'");
-         } else if (type == "C" && column(row, 4) != "1") {
-           look_ups.push_back("select * from replace_cond where replace_cond_no=" + column(row, 5) +
-                              " and replace_no=1");
-         }
-       });
-  for (const std::string& statement : look_ups) send(database, statement);
+void bare_tree(bench::bare_connection& bare, way asked) {
+  static const std::string field = "select field_name from field where field_id=$1";
+  static const std::string lines =
+      "select * from replace_cond where replace_cond_no=$1 and replace_no=1";
+  std::vector<std::pair<const std::string*, std::string>> look_ups;
+  const auto see_row = [&](const bare_row& row) {
+    const std::string type = row.text(2);
+    if (type == "F") {
+      look_ups.emplace_back(&field, row.text(3));
+    } else if (type == "C" && row.text(4) != std::string("1")) {
+      look_ups.emplace_back(&lines, row.text(5));
+    }
+  };
+  bench::look_up(bare, asked,
+                 "select * from replace_m where replace_no=$1 ORDER BY "
+                 "P_REPLACE_M_NO,replace_cond_type,replace_m_no",
+                 "1", see_row);
+  for (const auto& [statement, value] : look_ups) bench::look_up(bare, asked, *statement, value);
 }
 
-void rule_tree(benchmark::State& state) {
-  made_store store;
-  store.fill_rules(rule_rows);
-  const auto bare = store.bare();
-  const open_editor editor(store);
-  bench::compare(
-      state, 0.5, [&] { bare_tree(bare.get()); }, [] { form<replace_create>().init_tree(); });
+void rule_tree(benchmark::State& state, engine engine, double limit) {
+  const full_store store(engine);
+  const bench::open_editor open(store);
+  bench::compare(state, store,
+                 {.measured = {[&] { open.editor.init_tree(); }},
+                  .reference_is = "the same look-ups as texts",
+                  .reference = {[&] { bare_tree(store.bare(), way::as_text); }},
+                  .prepared = [&] { bare_tree(store.bare(), way::prepared); },
+                  .limit = limit});
 }
-BENCHMARK(rule_tree)->Iterations(9)->UseManualTime();
+BENCHMARK_CAPTURE(rule_tree, sqlite, engine::sqlite, 0.5)->Iterations(9);
+BENCHMARK_CAPTURE(rule_tree, postgresql, engine::postgresql, 1)->Iterations(9);
 
-void rule_tree_click(benchmark::State& state) {
-  made_store store;
-  store.fill_rules(rule_rows);
-  const auto bare = store.bare();
-  const open_editor editor(store);
-  const Node node = form<replace_create>().SSTree1.Nodes.Item("5000");
+void rule_tree_click(benchmark::State& state, engine engine) {
+  const full_store store(engine);
+  const bench::open_editor open(store);
+  const Node node = open.editor.SSTree1.Nodes.Item("5000");
+  const auto click = [&](way asked) {
+    bench::look_up(store.bare(), asked,
+                   "select use_type from replace_m where replace_m_no=$1 and replace_no=1", "5000");
+    bench::look_up(store.bare(), asked,
+                   "select count(*) from replace_m where p_replace_m_no=$1 and replace_no=1",
+                   "5000");
+  };
   const auto thousand = [](const auto& work) {
-    for (int i = 0; i < 1000; ++i) work();
+    return [=] {
+      for (int i = 0; i < 1000; ++i) work();
+    };
   };
-  bench::compare(
-      state, 3,
-      [&] {
-        thousand([&] {
-          send(bare.get(),
-               "select use_type from replace_m where replace_m_no=5000 and replace_no=1");
-          send(bare.get(),
-               "select count(*) from replace_m where p_replace_m_no=5000 and replace_no=1");
-        });
-      },
-      [&] { thousand([&] { form<replace_create>().SSTree1.on_node_click(node); }); });
+  bench::compare(state, store,
+                 {.measured = {thousand([&] { open.editor.SSTree1.on_node_click(node); })},
+                  .reference_is = "a thousand times the two look-ups of a click as texts",
+                  .reference = {thousand([&] { click(way::as_text); })},
+                  .prepared = thousand([&] { click(way::prepared); }),
+                  .limit = 3});
 }
-BENCHMARK(rule_tree_click)->Iterations(5)->UseManualTime();
+BENCHMARK_CAPTURE(rule_tree_click, sqlite, engine::sqlite)->Iterations(5);
+BENCHMARK_CAPTURE(rule_tree_click, postgresql, engine::postgresql)->Iterations(5);
 
-void value_ok(benchmark::State& state) {
-  made_store store;
-  store.fill_rules(rule_rows);
-  const open_editor editor(store);
-  bench::compare(
-      state, 1.5, [] { form<replace_create>().init_tree(); },
-      [] {
-        const Node value =
-            form<replace_create>().SSTree1.Nodes.Item(form<replace_create>().SSTree1.Nodes.Count());
-        form<replace_create>().SSTree1.on_node_click(value);
-        form<set_value>().window.load();
-        form<set_value>().title_txt.set_text("新しい値");
-        form<set_value>().Command1.on_click();
-      });
+void value_ok(benchmark::State& state, engine engine) {
+  const full_store store(engine);
+  const bench::open_editor open(store);
+  auto& tree = open.editor.SSTree1;
+  const auto store_value = [&] {
+    tree.on_node_click(tree.Nodes.Item(tree.Nodes.Count()));
+    auto& dialog = platform::form<set_value>();
+    dialog.window.load();
+    dialog.title_txt.set_text("新しい値");
+    dialog.Command1.on_click();
+  };
+  bench::compare(state, store,
+                 {.measured = {store_value},
+                  .reference_is = "the tree built by init_tree",
+                  .reference = {[&] { open.editor.init_tree(); }},
+                  .limit = 1.5});
 }
-BENCHMARK(value_ok)->Iterations(9)->UseManualTime();
+BENCHMARK_CAPTURE(value_ok, sqlite, engine::sqlite)->Iterations(9);
+BENCHMARK_CAPTURE(value_ok, postgresql, engine::postgresql)->Iterations(9);
 
-/// The statements of a copy in which only the numbers move.
-std::vector<std::string> copy_statements(sqlite3* database, int definition) {
+std::string quoted(const char* text) {
+  return text ? "'" + std::string(text) + "'" : "null";
+}
+
+/// The rows of definition 1 in a table, as inserts for definition 2.
+std::vector<std::string> inserts(bench::bare_connection& bare, const std::string& table) {
   std::vector<std::string> statements;
-  const std::string no = std::to_string(definition);
-  const auto as_inserts = [&](const std::string& table, const std::string& select) {
-    send(database, select, [&](sqlite3_stmt* row) {
-      std::string values;
-      for (int i = 0; i < sqlite3_column_count(row); ++i) {
-        const bool is_definition = std::string(sqlite3_column_name(row, i)) == "replace_no";
-        const bool is_null = sqlite3_column_type(row, i) == SQLITE_NULL;
-        values += (i ? "," : "") + (is_definition ? no
-                                    : is_null     ? std::string("null")
-                                                  : "'" + column(row, i) + "'");
-      }
-      statements.push_back("INSERT INTO " + table + " VALUES(" + values + ")");
-    });
-  };
-  as_inserts("REPLACE", "SELECT * FROM REPLACE WHERE REPLACE_NO = 1");
-  as_inserts("REPLACE_COND", "SELECT * FROM REPLACE_COND WHERE REPLACE_NO = 1");
-  as_inserts("REPLACE_M", "SELECT * FROM REPLACE_M WHERE REPLACE_NO = 1");
+  bare.send("SELECT * FROM " + table + " WHERE REPLACE_NO = 1", [&](const bare_row& row) {
+    std::string values;
+    for (int i = 0; i < row.columns(); ++i) {
+      const bool is_definition = row.name(i) == std::string("replace_no");
+      values += (i ? "," : "") + (is_definition ? "2" : quoted(row.text(i)));
+    }
+    statements.push_back("INSERT INTO " + table + " VALUES(" + values + ")");
+  });
   return statements;
 }
 
-void definition_copy(benchmark::State& state) {
-  made_store store;
-  store.fill_rules(rule_rows);
-  const auto bare = store.bare();
-  form<replaceForm>().conn.Open(store.connect_string());
-  form<replaceForm>().basAU = "8";
-  const auto clean = [&] {
-    for (const char* table : {"replace", "replace_m", "replace_cond"}) {
-      send(bare.get(), std::string("delete from ") + table + " where replace_no > 1");
-    }
-    send(bare.get(), "update seqno set replace=1,replace_m=10000,replace_cond=10000");
-  };
-  bench::compare(
-      state, 1.2,
-      [&] {
-        for (const std::string& statement : copy_statements(bare.get(), 2)) {
-          send(bare.get(), statement);
-        }
-        clean();
-      },
-      [&] {
-        form<replaceForm>().basNodeKey = "1";
-        form<replace_create>().window.load();
-        clean();
-        form<replace_create>().window.unload();
-      });
-  form<replaceForm>().window.unload();
-  form<replaceForm>().conn.Close();
+void bare_copy(bench::bare_connection& bare) {
+  for (const char* table : {"REPLACE", "REPLACE_COND", "REPLACE_M"})
+    for (const std::string& statement : inserts(bare, table)) bare.send(statement);
 }
-BENCHMARK(definition_copy)->Iterations(3)->UseManualTime();
+
+void definition_copy(benchmark::State& state, engine engine) {
+  const full_store store(engine);
+  const bench::open_connection open(store);
+  auto& editor = platform::form<ta_vorlumine::replace_create>();
+  open.shared.basAU = "8";
+  const auto choose = [&] { open.shared.basNodeKey = "1"; };
+  const auto clean = [&] {
+    editor.window.unload();
+    for (const std::string table : {"replace", "replace_m", "replace_cond"})
+      store.bare().send("delete from " + table + " where replace_no > 1");
+    store.bare().send("update seqno set replace=1,replace_m=10000,replace_cond=10000");
+  };
+  bench::compare(state, store,
+                 {.measured = {[&] { editor.window.load(); }, choose, clean},
+                  .reference_is = "the inserts as texts",
+                  .reference = {[&] { bare_copy(store.bare()); }, [] {}, clean},
+                  .limit = 1.2});
+}
+BENCHMARK_CAPTURE(definition_copy, sqlite, engine::sqlite)->Iterations(3);
+BENCHMARK_CAPTURE(definition_copy, postgresql, engine::postgresql)->Iterations(3);
 
 }  // namespace

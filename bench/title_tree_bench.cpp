@@ -4,76 +4,71 @@
 
 #include <fstream>
 
-#include "browser/replace_form.h"
-#include "made_store.h"
-#include "ratio.h"
+#include "comparison.h"
+#include "opened_forms.h"
 
 namespace {
 
+using bench::engine;
 using bench::made_store;
-using platform::form;
-using ta_vorlumine::replaceForm;
+using bench::open_browser;
+using bench::way;
 
-struct open_browser {
-  explicit open_browser(const made_store& store) {
-    form<replaceForm>().conn.Open(store.connect_string());
-    form<replaceForm>().window.load();
-  }
-  ~open_browser() {
-    form<replaceForm>().window.unload();
-    form<replaceForm>().conn.Close();
-  }
-};
+constexpr int definitions = 32'000;
 
-void bare_level(sqlite3* database, const std::string& parent) {
+void bare_level(bench::bare_connection& bare, way asked, const std::string& parent) {
+  static const std::string level =
+      "SELECT * FROM REPLACE WHERE P_REPLACE_NO = $1 ORDER BY REPLACE_NO";
+  static const std::string values =
+      "select replace_type,r_field_id,r_text,r_text_filename,r_image_filename,"
+      "r_mmedia_filename from replace_m where use_type='R' and replace_no=$1";
   std::vector<std::pair<std::string, bool>> children;
-  bench::send(database,
-              "SELECT * FROM REPLACE WHERE P_REPLACE_NO = " + parent + " ORDER BY REPLACE_NO",
-              [&](sqlite3_stmt* row) {
-                children.emplace_back(reinterpret_cast<const char*>(sqlite3_column_text(row, 0)),
-                                      *sqlite3_column_text(row, 2) == 'C');
-              });
+  bench::look_up(bare, asked, level, parent, [&](const bench::bare_row& row) {
+    children.emplace_back(row.text(0), *row.text(2) == 'C');
+  });
   for (const auto& [key, is_definition] : children) {
-    if (is_definition) {
-      bench::send(database,
-                  "select replace_type,r_field_id,r_text,r_text_filename,r_image_filename,"
-                  "r_mmedia_filename from replace_m where use_type='R' and replace_no=" +
-                      key);
-    }
-    bare_level(database, key);
+    if (is_definition) bench::look_up(bare, asked, values, key);
+    bare_level(bare, asked, key);
   }
 }
 
-void title_tree(benchmark::State& state) {
-  made_store store;
-  store.fill_titles(static_cast<int>(state.range(0)));
-  const auto bare = store.bare();
+void title_tree(benchmark::State& state, engine engine, double limit, double limit_ms) {
+  made_store store(engine);
+  store.fill_titles(definitions);
   const open_browser browser(store);
-  bench::compare(
-      state, 0.5, [&] { bare_level(bare.get(), "0"); }, [] { form<replaceForm>().init_form(); });
+  bench::compare(state, store,
+                 {.measured = {[&] { browser.shared.init_form(); }},
+                  .reference_is = "the same look-ups as texts",
+                  .reference = {[&] { bare_level(store.bare(), way::as_text, "0"); }},
+                  .prepared = [&] { bare_level(store.bare(), way::prepared, "0"); },
+                  .limit = limit,
+                  .limit_ms = limit_ms});
 }
-BENCHMARK(title_tree)->Arg(3'200)->Arg(32'000)->Iterations(7)->UseManualTime();
+BENCHMARK_CAPTURE(title_tree, sqlite, engine::sqlite, 0.5, 0)->Iterations(7);
+BENCHMARK_CAPTURE(title_tree, postgresql, engine::postgresql, 0, 4'000)->Iterations(5);
 
 void title_tree_growth(benchmark::State& state) {
-  made_store small;
-  small.fill_titles(3'200);
-  made_store full;
-  full.fill_titles(32'000);
+  made_store small(engine::sqlite);
+  small.fill_titles(definitions / 10);
+  made_store full(engine::sqlite);
+  full.fill_titles(definitions);
   const auto load = [](const made_store& store) {
     const open_browser browser(store);
-    return bench::milliseconds([] { form<replaceForm>().init_form(); });
+    return bench::milliseconds([&] { browser.shared.init_form(); });
   };
   std::vector<double> times;
   std::vector<double> full_times;
   for (auto _ : state) {
     times.push_back(load(small));
     full_times.push_back(load(full));
-    state.SetIterationTime(full_times.back() / 1000);
   }
-  state.counters["ratio"] = bench::median(full_times) / bench::median(times);
+  state.SetLabel("a tenth of the definitions");
+  state.counters["reference_ms"] = bench::least(times);
+  state.counters["measured_ms"] = bench::least(full_times);
+  state.counters["ratio"] = bench::least(full_times) / bench::least(times);
   state.counters["limit"] = 11;
 }
-BENCHMARK(title_tree_growth)->Iterations(7)->UseManualTime();
+BENCHMARK(title_tree_growth)->Iterations(7);
 
 double resident_mib() {
   std::ifstream file("/proc/self/statm");
@@ -83,9 +78,9 @@ double resident_mib() {
 }
 
 void title_tree_memory(benchmark::State& state) {
-  made_store empty;
-  made_store full;
-  full.fill_titles(32'000);
+  const made_store empty(engine::sqlite);
+  made_store full(engine::sqlite);
+  full.fill_titles(definitions);
   for (auto _ : state) {
     double before = 0;
     {
@@ -95,7 +90,7 @@ void title_tree_memory(benchmark::State& state) {
     const open_browser browser(full);
     state.counters["MiB"] = resident_mib() - before;
   }
-  state.counters["limit"] = 64;
+  state.counters["limit_MiB"] = 64;
 }
 BENCHMARK(title_tree_memory)->Iterations(1);
 
