@@ -51,7 +51,7 @@ std::int16_t free_rule_key(replaceForm& shared) {
   const ADODB::Recordset rows = shared.conn.Execute(
       ADODB::sql("select max(replace_m_no) from replace_m where replace_no=<f_replace_no>",
                  {shared.f_replace_no}));
-  const ADODB::Value& highest = rows.Fields().Item(0).Value();
+  const ADODB::Value highest = rows.Fields().Item(0).Value();
   for (; !highest.is_null() && last_number < highest.number(); ++last_number)
     shared.update_seqno("replace_m");
   return checked_key(last_number + 1);
