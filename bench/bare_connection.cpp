@@ -1,17 +1,6 @@
 #include "bare_connection.h"
 
-#include "bare_postgresql.h"
-#include "bare_sqlite.h"
-#include "store/connection_string.h"
-
 namespace bench {
-
-std::unique_ptr<bare_connection> open_bare(const std::string& connect_string) {
-  const ADODB::connection_settings settings = ADODB::read_connection_string(connect_string);
-  if (settings.driver == "sqlite")
-    return std::make_unique<bare_sqlite>(settings.values.at("database"));
-  return std::make_unique<bare_postgresql>(settings.values);
-}
 
 void look_up(bare_connection& connection, way asked, const std::string& statement,
              const std::string& value, const row_reader& reader) {

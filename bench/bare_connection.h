@@ -39,8 +39,9 @@ class bare_connection {
   virtual void run_all(const std::string& script) = 0;
 };
 
-/// Connects to the store that a connection string names, of either driver.
-[[nodiscard]] std::unique_ptr<bare_connection> open_bare(const std::string& connect_string);
+[[nodiscard]] std::unique_ptr<bare_connection> open_bare_sqlite(const std::string& path);
+[[nodiscard]] std::unique_ptr<bare_connection> open_bare_postgresql(
+    const std::string& connect_string);
 
 /// How a reference looks something up: as a text of its own each time, the value in the place of
 /// the "$1", or prepared.

@@ -44,13 +44,14 @@ made_store::made_store(engine behind) {
   if (behind == engine::postgresql) {
     database_.emplace();
     connect_string_ = database_->connect_string();
+    bare_ = open_bare_postgresql(connect_string_);
   } else {
     folder_ = make_temporary_folder();
     const std::string file = (folder_ / "store.db").string();
     rule_store::make_store(file, rule_store::content::empty);
     connect_string_ = "Driver=SQLite;Database=" + file;
+    bare_ = open_bare_sqlite(file);
   }
-  bare_ = open_bare(connect_string_);
 }
 
 made_store::~made_store() {
