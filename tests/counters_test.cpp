@@ -15,7 +15,7 @@ struct lag {
 };
 
 const std::vector<lag> lags = {
-    {"new folder", "replace=31", "1"},
+    {"new folder", "replace=29", "1"},
     {"new definition", "replace=31", "1"},
     {"copy", "replace=31,replace_m=12,replace_cond=0", "33"},
     {"new field", "replace_m=12", "1"},
