@@ -121,7 +121,9 @@ void bare_copy(bench::bare_connection& bare) {
     for (const std::string& statement : inserts(bare, table)) bare.send(statement);
 }
 
-void definition_copy(benchmark::State& state, engine engine) {
+// What the copy reads on its way, and the tree it shows at the end, are not in the reference; on a
+// server they are a third of the requests.
+void definition_copy(benchmark::State& state, engine engine, double limit) {
   const full_store store(engine);
   const bench::open_connection open(store);
   auto& editor = platform::form<ta_vorlumine::replace_create>();
@@ -137,9 +139,9 @@ void definition_copy(benchmark::State& state, engine engine) {
                  {.measured = {[&] { editor.window.load(); }, choose, clean},
                   .reference_is = "the inserts as texts",
                   .reference = {[&] { bare_copy(store.bare()); }, [] {}, clean},
-                  .limit = 1.2});
+                  .limit = limit});
 }
-BENCHMARK_CAPTURE(definition_copy, sqlite, engine::sqlite)->Iterations(3);
-BENCHMARK_CAPTURE(definition_copy, postgresql, engine::postgresql)->Iterations(3);
+BENCHMARK_CAPTURE(definition_copy, sqlite, engine::sqlite, 1.2)->Iterations(3);
+BENCHMARK_CAPTURE(definition_copy, postgresql, engine::postgresql, 2)->Iterations(3);
 
 }  // namespace
