@@ -9,14 +9,6 @@
 namespace ADODB {
 namespace {
 
-bool is_digit(char letter) {
-  return letter >= '0' && letter <= '9';
-}
-
-bool is_letter(char letter) {
-  return lower(letter) >= 'a' && lower(letter) <= 'z';
-}
-
 bool is_number(std::string_view text) {
   if (text.starts_with('-')) text.remove_prefix(1);
   const std::size_t point = text.find('.');
