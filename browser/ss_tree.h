@@ -20,8 +20,6 @@ class Node {
   Node() = default;
 
   [[nodiscard]] bool is_empty() const { return tree_ == nullptr; }
-  /// True if both are the same node of the same tree.
-  [[nodiscard]] bool is(const Node& other) const { return node_.lock() == other.node_.lock(); }
 
   [[nodiscard]] const std::string& Key() const { return get().key; }
   [[nodiscard]] const std::string& Text() const { return get().text; }

@@ -22,10 +22,6 @@ void Control::set_enabled(bool enabled) {
   peer().widget->setEnabled(enabled);
 }
 
-bool Control::enabled() {
-  return peer().widget->isEnabled();
-}
-
 void Control::set_focus() {
   peer().widget->setFocus(Qt::OtherFocusReason);
 }

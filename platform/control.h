@@ -20,7 +20,6 @@ class Control {
 
   [[nodiscard]] const std::string& name() const { return name_; }
   void set_enabled(bool enabled);
-  [[nodiscard]] bool enabled();
   void set_focus();
 
   /// What a screen reader says of the control, where its caption alone doesn't tell.
