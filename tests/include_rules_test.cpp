@@ -54,15 +54,17 @@ TEST(IncludeRules, RoomsLookDownwardsOnly) {
 }
 
 TEST(IncludeRules, TheToolkitShowsInFewFilesAndInNoHeaderThatOthersInclude) {
-  const names controls{"browser/ss_tree.cpp",         "conditions/flex_grid.cpp",
-                       "conditions/cell_editor.cpp",  "conditions/cell_list.cpp",
-                       "conditions/cell_painter.cpp", "conditions/grid_edit.cpp",
-                       "conditions/grid_model.cpp",   "conditions/grid_view.cpp"};
+  const names controls{
+      "browser/ss_tree.cpp",         "browser/tree_drag.cpp",      "browser/tree_model.h",
+      "browser/tree_model.cpp",      "browser/tree_view.h",        "browser/tree_view.cpp",
+      "conditions/flex_grid.cpp",    "conditions/cell_editor.cpp", "conditions/cell_list.cpp",
+      "conditions/cell_painter.cpp", "conditions/grid_edit.cpp",   "conditions/grid_model.cpp",
+      "conditions/grid_view.cpp"};
   for (const auto& [file, includes] : includes_of_rooms()) {
     if (room_of(file) == "platform" || controls.contains(file)) continue;
     for (const std::string& include : includes) {
       const bool toolkit = include.size() > 1 && include[0] == 'Q' && std::isupper(include[1]);
-      EXPECT_FALSE(toolkit) << file << " includes " << include;
+      EXPECT_FALSE(toolkit || controls.contains(include)) << file << " includes " << include;
     }
   }
 }
