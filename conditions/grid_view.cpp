@@ -1,7 +1,7 @@
 #include "conditions/grid_view.h"
 
-#include <QApplication>
 #include <QClipboard>
+#include <QGuiApplication>
 #include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -12,6 +12,8 @@
 #include <utility>
 
 #include "conditions/cell_painter.h"
+#include "conditions/grid_cursor.h"
+#include "conditions/grid_press.h"
 #include "platform/native.h"
 
 namespace ta_vorlumine {
@@ -51,8 +53,8 @@ class table_view : public QTableView, public grid_view {
   QWidget& widget() override { return *this; }
   grid_model& model() override { return model_; }
   grid_edit& edit() override { return edit_; }
-  [[nodiscard]] int row() const override;
-  void set_row(int row) override;
+  [[nodiscard]] int row() const override { return cursor_.row(); }
+  void set_row(int row) override { cursor_.set_row(row); }
   void lay_out_columns() override;
 
  protected:
@@ -65,35 +67,30 @@ class table_view : public QTableView, public grid_view {
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
-  bool eventFilter(QObject* receiver, QEvent* event) override;
   void updateEditorGeometries() override { edit_.place_editor(); }
   void resizeEvent(QResizeEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
  private:
-  void check_row();
-  void find_current();
-  [[nodiscard]] QModelIndex neighbour(int row, int column, bool forward) const;
-  bool move_on(bool forward);
   bool leave_edit();
   bool key_on_cell(const QKeyEvent& key, cell_place cell);
   bool key_in_editor(QKeyEvent& key);
-  bool pressed_elsewhere(const QWidget& target);
 
   grid_cells& cells_;
   grid_model model_;
-  std::function<void()> row_check_;
+  grid_cursor cursor_;
   grid_edit edit_;
+  press_elsewhere press_elsewhere_;
   QPersistentModelIndex pressed_;
   bool pressed_again_ = false;  // the pressed cell had been the current one already
-  bool blocked_ = false;        // a message came up since the last press
 };
 
 table_view::table_view(grid_cells& cells, const grid_edit::events& events)
     : cells_(cells),
       model_(cells),
-      row_check_(events.taken),
-      edit_(*this, cells, model_, {events.refuses, [this] { check_row(); }}) {
+      cursor_(*this, events.taken),
+      edit_(*this, cells, model_, {events.refuses, [this] { cursor_.check_row(); }}),
+      press_elsewhere_(*this, edit_, cursor_) {
   setModel(&model_.shown());
   setItemDelegate(make_cell_painter(*this));
   setSelectionMode(NoSelection);
@@ -106,17 +103,6 @@ table_view::table_view(grid_cells& cells, const grid_edit::events& events)
   horizontalHeader()->setSectionsClickable(false);
   horizontalHeader()->setHighlightSections(false);
   edit_.editor().on_key = [this](QKeyEvent& key) { return key_in_editor(key); };
-  qApp->installEventFilter(this);
-}
-
-int table_view::row() const {
-  return currentIndex().isValid() ? currentIndex().row() + 1 : -1;
-}
-
-void table_view::set_row(int row) {
-  if (row == -1) return setCurrentIndex(QModelIndex());
-  const QModelIndex current = currentIndex();
-  setCurrentIndex(current.isValid() ? current.siblingAtRow(row - 1) : neighbour(row - 1, -1, true));
 }
 
 void table_view::lay_out_columns() {
@@ -145,38 +131,6 @@ void table_view::showEvent(QShowEvent* event) {
   QTableView::showEvent(event);
 }
 
-void table_view::check_row() {
-  row_check_();
-  find_current();
-}
-
-// Whoever works without a mouse finds a current cell as soon as there are rows.
-void table_view::find_current() {
-  if (!currentIndex().isValid()) setCurrentIndex(neighbour(0, -1, true));
-}
-
-QModelIndex table_view::neighbour(int row, int column, bool forward) const {
-  const QAbstractItemModel& shown = model_.shown();
-  const int columns = shown.columnCount();
-  do {
-    column += forward ? 1 : -1;
-    if (column < 0 || column >= columns) {
-      row += forward ? 1 : -1;
-      column = forward ? 0 : columns - 1;
-    }
-    if (row < 0 || row >= shown.rowCount()) return {};
-  } while (isColumnHidden(column));
-  return shown.index(row, column);
-}
-
-bool table_view::move_on(bool forward) {
-  const QModelIndex next = neighbour(currentIndex().row(), currentIndex().column(), forward);
-  if (!next.isValid()) return false;
-  setCurrentIndex(next);
-  check_row();
-  return true;
-}
-
 // If the row check has removed the row, the user is on the one that took its place, and moving on
 // would skip that.
 bool table_view::leave_edit() {
@@ -198,11 +152,11 @@ void table_view::keyPressEvent(QKeyEvent* event) {
     QTableView::focusNextPrevChild(event->key() == Qt::Key_Tab);
     return;
   }
-  if (cells_.rows() == 1) check_row();
+  if (cells_.rows() == 1) cursor_.check_row();
   const QModelIndex cell = currentIndex();
   if (edit_.enabled && cell.isValid() && key_on_cell(*event, place_of(cell))) return;
   QTableView::keyPressEvent(event);
-  if (currentIndex() != cell) check_row();
+  if (currentIndex() != cell) cursor_.check_row();
 }
 
 bool table_view::key_on_cell(const QKeyEvent& key, cell_place cell) {
@@ -211,7 +165,7 @@ bool table_view::key_on_cell(const QKeyEvent& key, cell_place cell) {
   if (key.key() == Qt::Key_F2 || (drop_key && cells_.drops_down(cell.column))) {
     edit_.open(cell);
   } else if (is_enter(key)) {
-    move_on(moves_forward(key));
+    cursor_.move_on(moves_forward(key));
   } else if (key.key() == Qt::Key_Delete) {
     edit_.clear(cell);
   } else if (key.key() == Qt::Key_Backspace) {
@@ -229,7 +183,7 @@ bool table_view::key_on_cell(const QKeyEvent& key, cell_place cell) {
 
 bool table_view::key_in_editor(QKeyEvent& key) {
   if (is_enter(key)) {
-    if (leave_edit()) move_on(moves_forward(key));
+    if (leave_edit()) cursor_.move_on(moves_forward(key));
   } else if (key.key() == Qt::Key_Up || key.key() == Qt::Key_Down || is_way_out(key)) {
     if (leave_edit()) keyPressEvent(&key);
   } else if (key.key() == Qt::Key_Escape) {
@@ -243,7 +197,7 @@ bool table_view::key_in_editor(QKeyEvent& key) {
 // Tab comes here from the cells and from the editor.
 bool table_view::focusNextPrevChild(bool next) {
   const bool has_cell = currentIndex().isValid();
-  if (has_cell && (!leave_edit() || move_on(next))) return true;
+  if (has_cell && (!leave_edit() || cursor_.move_on(next))) return true;
   return QTableView::focusNextPrevChild(next);
 }
 
@@ -251,8 +205,8 @@ void table_view::focusInEvent(QFocusEvent* event) {
   QTableView::focusInEvent(event);
   const Qt::FocusReason why = event->reason();
   if (why != Qt::TabFocusReason && why != Qt::BacktabFocusReason) return;
-  if (cells_.rows() == 1) check_row();
-  find_current();
+  if (cells_.rows() == 1) cursor_.check_row();
+  cursor_.find_cell();
 }
 
 // A composition that begins on a cell goes on in its editor. The keyboard follows only when it has
@@ -293,7 +247,7 @@ void table_view::mousePressEvent(QMouseEvent* event) {
   pressed_again_ = cell == currentIndex();
   QTableView::mousePressEvent(event);
   pressed_ = event->button() == Qt::LeftButton ? cell : QModelIndex();
-  check_row();
+  cursor_.check_row();
 }
 
 // The toolkit would take a move with a button held for a wish to select what it passes.
@@ -310,26 +264,6 @@ void table_view::mouseReleaseEvent(QMouseEvent* event) {
   edit_.open(place_of(cell));
   QLineEdit& line = edit_.editor().line();
   line.setCursorPosition(line.cursorPositionAt(line.mapFrom(viewport(), place)));
-}
-
-bool table_view::eventFilter(QObject* receiver, QEvent* event) {
-  const bool press =
-      event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
-  if (event->type() == QEvent::WindowBlocked && receiver == window()) blocked_ = true;
-  if (press && receiver->isWidgetType() && pressed_elsewhere(*static_cast<QWidget*>(receiver))) {
-    return true;
-  }
-  return QTableView::eventFilter(receiver, event);
-}
-
-// The press is swallowed if a message came up: its release went to the message, and the control
-// below would stay pressed.
-bool table_view::pressed_elsewhere(const QWidget& target) {
-  if (&target == &edit_.editor().line() || target.window() != window()) return false;
-  blocked_ = false;
-  const bool taken = edit_.take();
-  if (&target == horizontalHeader()->viewport()) check_row();
-  return !taken || blocked_;
 }
 
 }  // namespace
