@@ -21,11 +21,15 @@ bool press_elsewhere::eventFilter(QObject* receiver, QEvent* event) {
 }
 
 // The press is swallowed if a message came up: its release went to the message, and the control
-// below would stay pressed.
+// below would stay pressed. If the edit has emptied its row, and the row is gone, no other becomes
+// current: a button that deletes was meant for that one.
 bool press_elsewhere::swallows(const QWidget& target) {
   if (&target == &edit_.editor().line() || target.window() != view_.window()) return false;
   blocked_ = false;
+  const QPersistentModelIndex cell = edit_.is_open() ? view_.currentIndex() : QModelIndex();
+  const bool was_open = cell.isValid();
   const bool taken = edit_.take();
+  if (was_open && !cell.isValid()) view_.setCurrentIndex({});
   if (&target == view_.horizontalHeader()->viewport()) cursor_.check_row();
   return !taken || blocked_;
 }

@@ -148,6 +148,19 @@ TEST_F(TextCondition, AnEmptiedConditionGoesAsDeletingItWould) {
   EXPECT_EQ(store.rows("select replace_m_no from replace_m where replace_no=1"), (rows{"10"}));
 }
 
+TEST_F(TextCondition, DeletingARowThatIsJustBeingEmptiedTakesNoOther) {
+  user script = open("敬称", "東（部分一致）;西（先頭一致）;南（完全一致）", "cond_set");
+  script.in("r_text_cond", [] {
+    go_to(1, 5);
+    key(Qt::Key_F2);
+    key(Qt::Key_Backspace);
+    QTest::mouseClick(top_window().findChild<QWidget*>("Command3"), Qt::LeftButton);
+    EXPECT_EQ(column(5), (rows{"西", "南", ""}));
+    cancel();
+  });
+  play(script);
+}
+
 TEST_F(TextCondition, AValueOfTooManyCharactersStaysInEdit) {
   user script = open("敬称", "氏名", "cond_set");
   const std::string longest = std::string(99, 'x') + "😀";
