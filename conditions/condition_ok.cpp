@@ -60,6 +60,7 @@ bool condition_dialog::rows_pass() {
   for (int row = 1; row < fg.Rows(); ++row) {
     if (kind_.test(cells(row), row)) continue;
     fg.Row(row);
+    fg.set_focus();
     return false;
   }
   return true;

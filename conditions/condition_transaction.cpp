@@ -29,7 +29,7 @@ void condition_transaction::run(const std::function<void()>& work) {
   } catch (...) {
     const std::exception_ptr first = std::current_exception();
     try {
-      begin_anew();
+      begin_anew(ADODB::purpose::looking);
     } catch (const std::exception&) {
       // The next run begins; the first failure is the one to tell.
     }
@@ -43,15 +43,15 @@ void condition_transaction::run_while_stale(const std::function<void()>& work) {
       return work();
     } catch (const ADODB::Error& failure) {
       if (failure.kind() != ADODB::failure_kind::stale || tries == most_tries) throw;
-      begin_anew();
+      begin_anew(ADODB::purpose::writing);
     }
   }
 }
 
-void condition_transaction::begin_anew() {
+void condition_transaction::begin_anew(ADODB::purpose purpose) {
   auto& conn = form<replaceForm>().conn;
   if (conn.in_transaction()) conn.RollbackTrans();
-  conn.BeginTrans();
+  conn.BeginTrans(purpose);
 }
 
 void condition_transaction::commit() {

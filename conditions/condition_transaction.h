@@ -2,6 +2,8 @@
 
 #include <functional>
 
+#include "store/engine.h"
+
 namespace ta_vorlumine {
 
 /// The one transaction that a condition dialog is, from its load to its OK or its closing.
@@ -10,9 +12,9 @@ class condition_transaction {
   void begin();
 
   /// Runs `work`, whose first write may find that another program has written since the dialog
-  /// began to read: then the transaction begins anew and `work` runs again, a bounded number of
-  /// times. On any failure of `work` what it wrote is taken back, a new transaction begins, and the
-  /// failure goes on.
+  /// began to read, or is writing: then the transaction begins anew, after the other one where the
+  /// engine can wait for that, and `work` runs again, a bounded number of times. On any failure of
+  /// `work` what it wrote is taken back, a new transaction begins, and the failure goes on.
   void run(const std::function<void()>& work);
 
   /// Commits; from here on closing the dialog takes nothing back.
@@ -23,7 +25,7 @@ class condition_transaction {
 
  private:
   void run_while_stale(const std::function<void()>& work);
-  void begin_anew();
+  static void begin_anew(ADODB::purpose purpose);
 
   bool cond_saved_ = false;
 };

@@ -1,6 +1,7 @@
 #include "conditions/flex_grid.h"
 
 #include <QWidget>
+#include <algorithm>
 #include <stdexcept>
 #include <utility>
 
@@ -118,8 +119,10 @@ void VSFlexGrid::AddItem(std::string_view cells) {
 
 void VSFlexGrid::RemoveItem(int row) {
   data_row_or_fail(row);
+  const bool was_current = Row() == row;
   view().edit().row_removed(row);
   view().model().remove(row);
+  if (was_current && Rows() > 1) Row(std::min(row, Rows() - 1));
 }
 
 void VSFlexGrid::Editable(int mode) {

@@ -71,6 +71,8 @@ void Form::show() {
   load();
   window_->exec();
   destroy_widgets();
+  // A message that went just before leaves some window managers with no window to go back to.
+  if (QWidget* beneath = QApplication::activeModalWidget()) beneath->activateWindow();
 }
 
 void Form::unload() {

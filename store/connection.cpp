@@ -20,9 +20,9 @@ Recordset Connection::Execute(std::string_view statement) {
   return Recordset(open_engine_or_fail().execute(statement));
 }
 
-void Connection::BeginTrans() {
+void Connection::BeginTrans(purpose purpose) {
   if (in_transaction_) throw Error(failure_kind::other, "a transaction is already open");
-  open_engine_or_fail().begin();
+  open_engine_or_fail().begin(purpose);
   in_transaction_ = true;
 }
 

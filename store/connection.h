@@ -24,7 +24,7 @@ class Connection {
   Recordset Execute(std::string_view statement);
 
   /// One transaction at a time; statements inside see its work.
-  void BeginTrans();
+  void BeginTrans(purpose purpose = purpose::looking);
   void CommitTrans();
   void RollbackTrans();
   [[nodiscard]] bool in_transaction() const { return in_transaction_; }

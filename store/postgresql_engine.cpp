@@ -73,7 +73,7 @@ result postgresql_engine::execute(std::string_view statement) {
   return rows;
 }
 
-void postgresql_engine::begin() {
+void postgresql_engine::begin(purpose) {
   // What a dialog has read stays as it was: writing where another program has written meanwhile is
   // refused as stale instead of going over it.
   usable_session().run("BEGIN ISOLATION LEVEL REPEATABLE READ");

@@ -20,7 +20,7 @@ class postgresql_engine : public engine {
   explicit postgresql_engine(connection_settings settings);
 
   [[nodiscard]] result execute(std::string_view statement) override;
-  void begin() override;
+  void begin(purpose purpose) override;
   void commit() override;
 
   /// Never fails on a lost connection: the server then takes everything back by itself.

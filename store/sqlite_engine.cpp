@@ -112,8 +112,8 @@ result sqlite_engine::execute(std::string_view statement) {
   return run(kept);
 }
 
-void sqlite_engine::begin() {
-  database_.run("BEGIN");
+void sqlite_engine::begin(purpose purpose) {
+  database_.run(purpose == purpose::writing ? "BEGIN IMMEDIATE" : "BEGIN");
   in_transaction_ = true;
 }
 

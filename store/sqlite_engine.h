@@ -21,7 +21,7 @@ class sqlite_engine : public engine {
   explicit sqlite_engine(const std::string& path);
 
   [[nodiscard]] result execute(std::string_view statement) override;
-  void begin() override;
+  void begin(purpose purpose) override;
   void commit() override;
   void rollback() override;
 

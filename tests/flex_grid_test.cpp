@@ -352,6 +352,13 @@ TEST_F(flex_grid, stands_rows_that_come_and_go_in_the_row_check) {
   key(Qt::Key_Return);
   EXPECT_EQ(fg.Rows(), 2);
   EXPECT_EQ(cell(), "1,1") << "nothing is skipped";
+  fg.AddItem("");
+  fg.AddItem("");
+  fg.Row(2);
+  fg.RemoveItem(2);
+  EXPECT_EQ(fg.Row(), 2) << "the row behind";
+  fg.RemoveItem(2);
+  EXPECT_EQ(fg.Row(), 1) << "there is none behind";
 
   fg.RemoveItem(1);
   checked.clear();

@@ -22,7 +22,7 @@ struct statement_faults::callbacks {
   // Statements of triggers come as comments.
   static int on_statement(unsigned, void* database, void* statement, void* text) {
     const std::string running = static_cast<const char*>(text);
-    const bool begins = running == "BEGIN" || running == "ROLLBACK";
+    const bool begins = running.starts_with("BEGIN") || running == "ROLLBACK";
     if (!faults || running.starts_with("--") || begins) return 0;
     faults->running_ = running;
     faults->refuse_write_ = faults->refuse_commit_ = false;

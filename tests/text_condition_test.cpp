@@ -1,5 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
+#include <thread>
+
 #include "condition_dialogs.h"
 
 using namespace harness;
@@ -97,6 +100,26 @@ TEST_F(TextCondition, ARefusedStatementKeepsEveryRowAsTypedAndEveryLineAsStored)
   play(script);
   EXPECT_EQ(store.rows("select sno,s_val from replace_cond where replace_no=1 order by 1"),
             (rows{"2|西", "4|南", "5|北"}));
+}
+
+TEST_F(TextCondition, OkWaitsForAProgramThatIsWriting) {
+  ADODB::Connection other;
+  std::jthread writer;
+  user script = open("敬称", "東（部分一致）;西（先頭一致）;南（完全一致）", "cond_set");
+  script.in("r_text_cond", [&] {
+    put(1, 5, "北");
+    other.Open(store.connect_string());
+    other.BeginTrans(ADODB::purpose::writing);
+    other.Execute("update replace_cond set s_method=3 where replace_no=1 and sno=4");
+    writer = std::jthread([&] {
+      std::this_thread::sleep_for(std::chrono::milliseconds(300));
+      other.CommitTrans();
+    });
+    ok();
+  });
+  script.message("設定完了！");
+  play(script);
+  EXPECT_EQ(store.value("select s_val from replace_cond where replace_no=1 and sno=1"), "北");
 }
 
 TEST_F(TextCondition, AnotherProgramsWriteInTheMeantimeCostsNoLine) {
