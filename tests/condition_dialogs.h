@@ -16,21 +16,12 @@ class condition_dialogs : public edited_rule {
         "insert into field values('F6','年齢','N'),('F7','会員','B')",
         "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_method,s_val) "
         "values(1,1,2,'S',2,'西'),(1,1,4,'S',3,'南')",
-    });
-    definition(30, "F3", "日付");
-    definition(31, "F6", "数値");
-    definition(32, "F7", "二択");
-    definition(33, "F1", "新規");
-  }
-
-  void definition(int key, const std::string& field, const std::string& title) {
-    const std::string no = std::to_string(key);
-    store.run("insert into replace values(" + no + ",0,'C','" + title + "',null," + no + ")");
-    store.run(
+        "insert into replace values(30,0,'C','日付',null,30),(31,0,'C','数値',null,31),"
+        "(32,0,'C','二択',null,32),(33,0,'C','新規',null,33)",
         "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id) "
-        "values(" +
-        no + "," + no + ",0,'F','" + field + "')");
-    store.run("update seqno set replace=33,replace_m=40,replace_cond=7");
+        "values(30,30,0,'F','F3'),(31,31,0,'F','F6'),(32,32,0,'F','F7'),(33,33,0,'F','F1')",
+        "update seqno set replace=33,replace_m=40,replace_cond=7",
+    });
   }
 
   static QTableView& grid() { return *harness::top_window().findChild<QTableView*>("fg"); }

@@ -321,8 +321,7 @@ TEST_F(TitleBrowser, ClipboardKeysNeverReachTheTree) {
 }
 
 TEST_F(TitleBrowser, AnEmptyTableOfCountersIsTold) {
-  store.run("delete from seqno");
-  store.run("delete from replace");
+  store.run_all({"delete from seqno", "delete from replace"});
   in_browser([] {
     click_node("条件設定");
     press("addf");
