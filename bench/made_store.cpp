@@ -1,7 +1,7 @@
 #include "made_store.h"
 
-#include "host/store_maker.h"
 #include "temporary_folder.h"
+#include "tool/store_maker.h"
 
 namespace bench {
 namespace {

@@ -1,8 +1,8 @@
 #include <set>
 
 #include "browser/replace_form.h"
-#include "browser/vanished_row.h"
 #include "platform/messages.h"
+#include "rules/vanished_row.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {

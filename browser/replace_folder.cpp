@@ -1,10 +1,10 @@
 #include "browser/replace_folder.h"
 
-#include "browser/new_keys.h"
 #include "browser/replace_form.h"
-#include "browser/tree_look.h"
-#include "browser/vanished_row.h"
+#include "controls/tree/tree_look.h"
 #include "platform/messages.h"
+#include "rules/new_keys.h"
+#include "rules/vanished_row.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "browser/ss_tree.h"
+#include "controls/tree/ss_tree.h"
 #include "platform/form.h"
 #include "platform/image_list.h"
 #include "platform/label.h"

@@ -1,7 +1,7 @@
 #include <exception>
 
 #include "browser/replace_form.h"
-#include "browser/tree_look.h"
+#include "controls/tree/tree_look.h"
 #include "platform/messages.h"
 #include "store/sql.h"
 

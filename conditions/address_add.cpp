@@ -3,11 +3,11 @@
 #include <cstdint>
 #include <string>
 
-#include "browser/new_keys.h"
 #include "browser/replace_form.h"
 #include "editor/replace_create.h"
-#include "editor/selected_node.h"
 #include "platform/messages.h"
+#include "rules/new_keys.h"
+#include "rules/selected_node.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {

@@ -1,8 +1,8 @@
 #include "conditions/condition_dialog.h"
 
-#include "browser/new_keys.h"
 #include "browser/replace_form.h"
 #include "editor/replace_create.h"
+#include "rules/new_keys.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {

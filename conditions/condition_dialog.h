@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "conditions/condition_transaction.h"
-#include "conditions/flex_grid.h"
+#include "controls/grid/flex_grid.h"
 #include "platform/command_button.h"
 #include "platform/form.h"
 #include "platform/label.h"

@@ -1,9 +1,9 @@
 #include "browser/replace_form.h"
 #include "conditions/condition_dialog.h"
-#include "conditions/condition_row.h"
 #include "editor/replace_create.h"
-#include "editor/selected_node.h"
 #include "platform/messages.h"
+#include "rules/condition_row.h"
+#include "rules/selected_node.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {

@@ -1,7 +1,7 @@
 #include "browser/replace_form.h"
 #include "editor/replace_create.h"
-#include "editor/selected_node.h"
 #include "platform/messages.h"
+#include "rules/selected_node.h"
 
 namespace ta_vorlumine {
 

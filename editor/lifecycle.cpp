@@ -1,8 +1,8 @@
-#include "browser/new_keys.h"
 #include "browser/replace_form.h"
-#include "browser/vanished_row.h"
 #include "editor/replace_create.h"
 #include "platform/busy_pointer.h"
+#include "rules/new_keys.h"
+#include "rules/vanished_row.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "browser/ss_tree.h"
+#include "controls/tree/ss_tree.h"
 #include "platform/form.h"
 #include "platform/image_list.h"
 #include "platform/label.h"

@@ -1,8 +1,6 @@
 #include <stdexcept>
 
-#include "browser/new_keys.h"
 #include "browser/replace_form.h"
-#include "browser/vanished_row.h"
 #include "conditions/address_add.h"
 #include "conditions/r_date_cond.h"
 #include "conditions/r_number_cond.h"
@@ -10,6 +8,8 @@
 #include "conditions/r_yesno_cond.h"
 #include "editor/replace_create.h"
 #include "platform/messages.h"
+#include "rules/new_keys.h"
+#include "rules/vanished_row.h"
 #include "store/sql.h"
 #include "values/set_value.h"
 

@@ -1,7 +1,7 @@
 #include <vector>
 
 #include "browser/replace_form.h"
-#include "browser/tree_look.h"
+#include "controls/tree/tree_look.h"
 #include "editor/condition_text.h"
 #include "editor/replace_create.h"
 #include "store/sql.h"

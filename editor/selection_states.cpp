@@ -1,6 +1,6 @@
 #include "browser/replace_form.h"
-#include "browser/vanished_row.h"
 #include "editor/replace_create.h"
+#include "rules/vanished_row.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {

@@ -1,8 +1,8 @@
 #include "browser/replace_form.h"
-#include "browser/vanished_row.h"
 #include "editor/replace_create.h"
-#include "editor/selected_node.h"
 #include "platform/messages.h"
+#include "rules/selected_node.h"
+#include "rules/vanished_row.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {

@@ -1,4 +1,4 @@
-#include "conditions/flex_grid.h"
+#include "controls/grid/flex_grid.h"
 
 #include <gtest/gtest.h>
 

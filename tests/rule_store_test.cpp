@@ -4,8 +4,8 @@
 #include <sstream>
 
 #include "harness.h"
-#include "host/store_commands.h"
 #include "store_failure.h"
+#include "tool/store_commands.h"
 
 using namespace ADODB;
 

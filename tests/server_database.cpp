@@ -6,9 +6,9 @@
 #include <stdexcept>
 #include <string_view>
 
-#include "host/store_maker.h"
 #include "store/connection.h"
 #include "store/connection_string.h"
+#include "tool/store_maker.h"
 
 namespace harness {
 namespace {

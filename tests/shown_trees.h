@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "host/store_rows.h"
+#include "tool/store_rows.h"
 
 namespace harness {
 

@@ -3,10 +3,10 @@
 #include <sstream>
 
 #include "harness.h"
-#include "host/print_text.h"
-#include "host/store_check.h"
-#include "host/store_commands.h"
-#include "host/store_print.h"
+#include "tool/print_text.h"
+#include "tool/store_check.h"
+#include "tool/store_commands.h"
+#include "tool/store_print.h"
 
 namespace {
 

@@ -4,10 +4,10 @@
 #include <map>
 
 #include "harness.h"
-#include "host/store_maker.h"
 #include "store/key_counters.h"
 #include "store/sql.h"
 #include "store_failure.h"
+#include "tool/store_maker.h"
 
 using namespace ADODB;
 

@@ -1,10 +1,10 @@
 #include <cstdlib>
 
 #include "harness.h"
-#include "host/embedded_scripts.h"
-#include "host/store_maker.h"
 #include "store/postgresql_session.h"
 #include "store_failure.h"
+#include "tool/embedded_scripts.h"
+#include "tool/store_maker.h"
 
 namespace harness {
 

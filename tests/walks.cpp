@@ -5,8 +5,8 @@
 #include <algorithm>
 #include <cstdio>
 
-#include "host/store_check.h"
 #include "shown_trees.h"
+#include "tool/store_check.h"
 #include "walker.h"
 
 namespace harness {

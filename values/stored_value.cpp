@@ -1,8 +1,8 @@
-#include "browser/new_keys.h"
 #include "browser/replace_form.h"
 #include "editor/replace_create.h"
-#include "editor/selected_node.h"
 #include "platform/messages.h"
+#include "rules/new_keys.h"
+#include "rules/selected_node.h"
 #include "store/sql.h"
 #include "values/set_value.h"
 

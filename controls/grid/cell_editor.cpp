@@ -1,0 +1,102 @@
+#include "controls/grid/cell_editor.h"
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <QInputMethod>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QRegularExpression>
+#include <QValidator>
+#include <algorithm>
+#include <limits>
+
+#include "platform/native.h"
+#include "platform/text_box.h"
+
+namespace ta_vorlumine {
+
+using platform::from_toolkit;
+using platform::to_toolkit;
+
+/// The line editor's own limit counts emoji twice, so the text is cut here, where what was typed or
+/// pasted ends: in front of the cursor.
+class cell_editor::limited_text : public QValidator {
+ public:
+  using QValidator::QValidator;
+
+  std::size_t limit = 0;
+
+  State validate(QString& text, int& cursor) const override {
+    // Cells copied from other programs bring a line break along, and would then match nothing.
+    static const QRegularExpression breaks("[\\r\\n\\t]");
+    QString before = text.left(cursor).remove(breaks);
+    const QString after = text.mid(cursor).remove(breaks);
+    std::size_t length = count(before) + count(after);
+    for (; limit > 0 && length > limit && !before.isEmpty(); --length) {
+      before.chop(before.back().isLowSurrogate() ? 2 : 1);
+    }
+    text = before + after;
+    cursor = static_cast<int>(before.size());
+    return Acceptable;
+  }
+
+ private:
+  static std::size_t count(const QString& text) {
+    return platform::character_count(from_toolkit(text));
+  }
+};
+
+class cell_editor::composed_line : public QLineEdit {
+ public:
+  composed_line(cell_editor& editor, QWidget& parent) : QLineEdit(&parent), editor_(editor) {}
+
+ protected:
+  void inputMethodEvent(QInputMethodEvent* event) override {
+    editor_.half_composed_ = from_toolkit(event->preeditString());
+    QLineEdit::inputMethodEvent(event);
+  }
+
+  void keyPressEvent(QKeyEvent* event) override {
+    if (!editor_.on_key(*event)) QLineEdit::keyPressEvent(event);
+  }
+
+ private:
+  cell_editor& editor_;
+};
+
+cell_editor::cell_editor(QWidget& parent) : line_(new composed_line(*this, parent)) {
+  limited_ = new limited_text(line_);
+  line_->setObjectName("cell_editor");
+  line_->setFrame(false);
+  line_->setFocusPolicy(Qt::ClickFocus);
+  line_->setMaxLength(std::numeric_limits<int>::max());
+  line_->setValidator(limited_);
+  line_->hide();
+}
+
+void cell_editor::start(std::string_view text, int limit) {
+  const std::size_t length = platform::character_count(text);
+  limited_->limit = limit == 0 ? 0 : std::max(static_cast<std::size_t>(limit), length);
+  half_composed_.clear();
+  set_text(text);
+}
+
+std::string cell_editor::text() const {
+  return from_toolkit(line_->text());
+}
+
+void cell_editor::set_text(std::string_view text) {
+  line_->setText(to_toolkit(text));
+}
+
+// Some input methods throw away what they are asked to commit. The editor knows it still.
+void cell_editor::finish_composition() {
+  QGuiApplication::inputMethod()->commit();
+  if (half_composed_.empty()) return;
+  QInputMethodEvent rest;
+  rest.setCommitString(to_toolkit(half_composed_));
+  QCoreApplication::sendEvent(line_, &rest);
+  QGuiApplication::inputMethod()->reset();
+}
+
+}  // namespace ta_vorlumine

@@ -1,0 +1,55 @@
+#include "controls/grid/grid_cursor.h"
+
+#include <QTableView>
+#include <utility>
+
+namespace ta_vorlumine {
+
+grid_cursor::grid_cursor(QTableView& view, std::function<void()> row_check)
+    : view_(view), row_check_(std::move(row_check)) {}
+
+int grid_cursor::row() const {
+  return view_.currentIndex().isValid() ? view_.currentIndex().row() + 1 : -1;
+}
+
+void grid_cursor::set_row(int row) {
+  if (row == -1) return view_.setCurrentIndex(QModelIndex());
+  const QModelIndex current = view_.currentIndex();
+  view_.setCurrentIndex(current.isValid() ? current.siblingAtRow(row - 1)
+                                          : neighbour(row - 1, -1, true));
+}
+
+// Whoever works without a mouse finds a current cell as soon as there are rows.
+void grid_cursor::find_cell() {
+  if (!view_.currentIndex().isValid()) view_.setCurrentIndex(neighbour(0, -1, true));
+}
+
+void grid_cursor::check_row() {
+  row_check_();
+  find_cell();
+}
+
+bool grid_cursor::move_on(bool forward) {
+  const QModelIndex current = view_.currentIndex();
+  const QModelIndex next = neighbour(current.row(), current.column(), forward);
+  if (!next.isValid()) return false;
+  view_.setCurrentIndex(next);
+  check_row();
+  return true;
+}
+
+QModelIndex grid_cursor::neighbour(int row, int column, bool forward) const {
+  const QAbstractItemModel& shown = *view_.model();
+  const int columns = shown.columnCount();
+  do {
+    column += forward ? 1 : -1;
+    if (column < 0 || column >= columns) {
+      row += forward ? 1 : -1;
+      column = forward ? 0 : columns - 1;
+    }
+    if (row < 0 || row >= shown.rowCount()) return {};
+  } while (view_.isColumnHidden(column));
+  return shown.index(row, column);
+}
+
+}  // namespace ta_vorlumine

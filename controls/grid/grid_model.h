@@ -1,0 +1,34 @@
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string_view>
+
+#include "controls/grid/grid_cells.h"
+
+class QAbstractItemModel;
+
+namespace ta_vorlumine {
+
+/// Shows the data rows of `cells` to the toolkit, whose row 0 is the grid's row 1. Every change of
+/// the cells that a view is to see goes through here; rows and columns are the grid's.
+class grid_model {
+ public:
+  explicit grid_model(grid_cells& cells);
+  ~grid_model();
+
+  /// For what changes the columns, or all rows at once. No cell is current afterwards.
+  void rebuild(const std::function<void()>& change);
+  void add(std::string_view cells);  ///< separated by tabs
+  void remove(int row);              ///< a data row
+  void put(int row, int column, std::string_view text);
+  void set_choices(int column, std::string_view list);
+
+  [[nodiscard]] QAbstractItemModel& shown() const;
+
+ private:
+  class table;
+  std::unique_ptr<table> table_;
+};
+
+}  // namespace ta_vorlumine

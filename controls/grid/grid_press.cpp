@@ -1,0 +1,37 @@
+#include "controls/grid/grid_press.h"
+
+#include <QApplication>
+#include <QEvent>
+#include <QHeaderView>
+#include <QLineEdit>
+#include <QTableView>
+
+namespace ta_vorlumine {
+
+press_elsewhere::press_elsewhere(QTableView& view, grid_edit& edit, grid_cursor& cursor)
+    : view_(view), edit_(edit), cursor_(cursor) {
+  qApp->installEventFilter(this);
+}
+
+bool press_elsewhere::eventFilter(QObject* receiver, QEvent* event) {
+  const bool press =
+      event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
+  if (event->type() == QEvent::WindowBlocked && receiver == view_.window()) blocked_ = true;
+  return press && receiver->isWidgetType() && swallows(*static_cast<QWidget*>(receiver));
+}
+
+// The press is swallowed if a message came up: its release went to the message, and the control
+// below would stay pressed. If the edit has emptied its row, and the row is gone, no other becomes
+// current: a button that deletes was meant for that one.
+bool press_elsewhere::swallows(const QWidget& target) {
+  if (&target == &edit_.editor().line() || target.window() != view_.window()) return false;
+  blocked_ = false;
+  const QPersistentModelIndex cell = edit_.is_open() ? view_.currentIndex() : QModelIndex();
+  const bool was_open = cell.isValid();
+  const bool taken = edit_.take();
+  if (was_open && !cell.isValid()) view_.setCurrentIndex({});
+  if (&target == view_.horizontalHeader()->viewport()) cursor_.check_row();
+  return !taken || blocked_;
+}
+
+}  // namespace ta_vorlumine

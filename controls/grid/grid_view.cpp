@@ -1,0 +1,275 @@
+#include "controls/grid/grid_view.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QMouseEvent>
+#include <QTableView>
+#include <algorithm>
+#include <utility>
+
+#include "controls/grid/cell_painter.h"
+#include "controls/grid/grid_cursor.h"
+#include "controls/grid/grid_press.h"
+#include "platform/native.h"
+
+namespace ta_vorlumine {
+namespace {
+
+using platform::from_toolkit;
+
+cell_place place_of(const QModelIndex& cell) {
+  return {cell.row() + 1, cell.column()};
+}
+
+bool is_typed_text(const QKeyEvent& key) {
+  const auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
+  const QString text = key.text();
+  return !(key.modifiers() & commands) && !text.isEmpty() && text.front().unicode() >= u' ' &&
+         text.front().unicode() != 0x7f;
+}
+
+bool is_enter(const QKeyEvent& key) {
+  return key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+}
+
+bool moves_forward(const QKeyEvent& enter) {
+  return !enter.modifiers().testFlag(Qt::ShiftModifier);
+}
+
+// With many rows the last cell is far for whoever wants to Tab out of the grid.
+bool is_way_out(const QKeyEvent& key) {
+  return key.modifiers().testFlag(Qt::ControlModifier) &&
+         (key.key() == Qt::Key_Tab || key.key() == Qt::Key_Backtab);
+}
+
+class table_view : public QTableView, public grid_view {
+ public:
+  table_view(grid_cells& cells, const grid_edit::events& events);
+
+  QWidget& widget() override { return *this; }
+  grid_model& model() override { return model_; }
+  grid_edit& edit() override { return edit_; }
+  [[nodiscard]] int row() const override { return cursor_.row(); }
+  void set_row(int row) override { cursor_.set_row(row); }
+  void lay_out_columns() override;
+
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override { mousePressEvent(event); }
+  void updateEditorGeometries() override { edit_.place_editor(); }
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  bool leave_edit();
+  bool key_on_cell(const QKeyEvent& key, cell_place cell);
+  bool key_in_editor(QKeyEvent& key);
+
+  grid_cells& cells_;
+  grid_model model_;
+  grid_cursor cursor_;
+  grid_edit edit_;
+  press_elsewhere press_elsewhere_;
+  QPersistentModelIndex pressed_;
+  bool pressed_again_ = false;  // the pressed cell had been the current one already
+};
+
+table_view::table_view(grid_cells& cells, const grid_edit::events& events)
+    : cells_(cells),
+      model_(cells),
+      cursor_(*this, events.taken),
+      edit_(*this, cells, model_, {events.refuses, [this] { cursor_.check_row(); }}),
+      press_elsewhere_(*this, edit_, cursor_) {
+  setModel(&model_.shown());
+  setItemDelegate(make_cell_painter(*this));
+  setSelectionMode(NoSelection);
+  setEditTriggers(NoEditTriggers);
+  setTabKeyNavigation(false);
+  setWordWrap(false);
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  horizontalHeader()->setSectionsClickable(false);
+  horizontalHeader()->setHighlightSections(false);
+  edit_.editor().on_key = [this](QKeyEvent& key) { return key_in_editor(key); };
+}
+
+void table_view::lay_out_columns() {
+  int room = viewport()->width();
+  int last = -1;
+  for (int i = 0; i < cells_.columns(); ++i) {
+    setColumnHidden(i, cells_.column(i).hidden);
+    if (cells_.column(i).hidden) continue;
+    room -= platform::pixels(cells_.column(i).width);
+    last = i;
+  }
+  for (int i = 0; i <= last; ++i) {
+    const int spare = i == last ? std::max(room, 0) : 0;
+    if (!isColumnHidden(i)) setColumnWidth(i, platform::pixels(cells_.column(i).width) + spare);
+  }
+}
+
+void table_view::resizeEvent(QResizeEvent* event) {
+  QTableView::resizeEvent(event);
+  lay_out_columns();
+}
+
+void table_view::showEvent(QShowEvent* event) {
+  constexpr int room_above_and_below = 8;
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + room_above_and_below);
+  QTableView::showEvent(event);
+}
+
+// If the row check has removed the row, the user is on the one that took its place, and moving on
+// would skip that.
+bool table_view::leave_edit() {
+  const QPersistentModelIndex cell = currentIndex();
+  return edit_.take() && cell.isValid();
+}
+
+void table_view::keyPressEvent(QKeyEvent* event) {
+  if (edit_.is_open()) {
+    // The keyboard is still here after a composition that began on the cell. A key that comes up
+    // from the editor is none of the cell's.
+    if (!hasFocus()) return event->ignore();
+    edit_.editor().line().setFocus();
+    QCoreApplication::sendEvent(&edit_.editor().line(), event);
+    return;
+  }
+  if (event->key() == Qt::Key_Escape) return event->ignore();
+  if (is_way_out(*event)) {
+    QTableView::focusNextPrevChild(event->key() == Qt::Key_Tab);
+    return;
+  }
+  if (cells_.rows() == 1) cursor_.check_row();
+  const QModelIndex cell = currentIndex();
+  if (edit_.enabled && cell.isValid() && key_on_cell(*event, place_of(cell))) return;
+  QTableView::keyPressEvent(event);
+  if (currentIndex() != cell) cursor_.check_row();
+}
+
+bool table_view::key_on_cell(const QKeyEvent& key, cell_place cell) {
+  const bool drop_key = key.key() == Qt::Key_Space ||
+                        (key.key() == Qt::Key_Down && key.modifiers().testFlag(Qt::AltModifier));
+  if (key.key() == Qt::Key_F2 || (drop_key && cells_.drops_down(cell.column))) {
+    edit_.open(cell);
+  } else if (is_enter(key)) {
+    cursor_.move_on(moves_forward(key));
+  } else if (key.key() == Qt::Key_Delete) {
+    edit_.clear(cell);
+  } else if (key.key() == Qt::Key_Backspace) {
+    cells_.drops_down(cell.column) ? edit_.clear(cell) : edit_.replace(cell, {});
+  } else if (key.matches(QKeySequence::Paste)) {
+    edit_.replace(cell, from_toolkit(QGuiApplication::clipboard()->text()));
+    edit_.take();
+  } else if (is_typed_text(key)) {
+    edit_.replace(cell, from_toolkit(key.text()));
+  } else {
+    return false;
+  }
+  return true;
+}
+
+bool table_view::key_in_editor(QKeyEvent& key) {
+  if (is_enter(key)) {
+    if (leave_edit()) cursor_.move_on(moves_forward(key));
+  } else if (key.key() == Qt::Key_Up || key.key() == Qt::Key_Down || is_way_out(key)) {
+    if (leave_edit()) keyPressEvent(&key);
+  } else if (key.key() == Qt::Key_Escape) {
+    edit_.drop();
+  } else {
+    return false;
+  }
+  return true;
+}
+
+// Tab comes here from the cells and from the editor.
+bool table_view::focusNextPrevChild(bool next) {
+  const bool has_cell = currentIndex().isValid();
+  if (has_cell && (!leave_edit() || cursor_.move_on(next))) return true;
+  return QTableView::focusNextPrevChild(next);
+}
+
+void table_view::focusInEvent(QFocusEvent* event) {
+  QTableView::focusInEvent(event);
+  const Qt::FocusReason why = event->reason();
+  if (why != Qt::TabFocusReason && why != Qt::BacktabFocusReason) return;
+  if (cells_.rows() == 1) cursor_.check_row();
+  cursor_.find_cell();
+}
+
+// A composition that begins on a cell goes on in its editor. The keyboard follows only when it has
+// ended: moving it before would break the composition off.
+void table_view::inputMethodEvent(QInputMethodEvent* event) {
+  const bool composing = !event->preeditString().isEmpty();
+  if (!edit_.is_open()) {
+    const cell_place cell = place_of(currentIndex());
+    const QString committed = event->commitString();
+    const bool starts = composing || !committed.isEmpty();
+    if (!starts || !edit_.enabled || cell.row == 0) return event->ignore();
+    if (cells_.drops_down(cell.column)) {
+      // Full-width digits pick an entry as well.
+      const QString typed = committed.normalized(QString::NormalizationForm_KC);
+      if (!typed.isEmpty()) edit_.replace(cell, from_toolkit(typed));
+      return;
+    }
+    edit_.begin_empty(cell);
+  }
+  QLineEdit& line = edit_.editor().line();
+  QCoreApplication::sendEvent(&line, event);
+  if (composing) return;
+  if (!line.text().isEmpty()) return line.setFocus();
+  edit_.drop();  // given up: the cell keeps what it had
+}
+
+QVariant table_view::inputMethodQuery(Qt::InputMethodQuery query) const {
+  const QLineEdit& line = edit_.editor().line();
+  if (edit_.is_open() && query != Qt::ImCursorRectangle) return line.inputMethodQuery(query);
+  if (query != Qt::ImCursorRectangle) return QTableView::inputMethodQuery(query);
+  const QPoint corner = viewport()->pos();
+  if (!edit_.is_open()) return visualRect(currentIndex()).translated(corner);
+  return line.inputMethodQuery(query).toRectF().translated(corner + line.pos());
+}
+
+void table_view::mousePressEvent(QMouseEvent* event) {
+  const QModelIndex cell = indexAt(event->position().toPoint());
+  pressed_again_ = cell == currentIndex();
+  QTableView::mousePressEvent(event);
+  pressed_ = event->button() == Qt::LeftButton ? cell : QModelIndex();
+  cursor_.check_row();
+}
+
+// The toolkit would take a move with a button held for a wish to select what it passes.
+void table_view::mouseMoveEvent(QMouseEvent* event) {
+  if (event->buttons() == Qt::NoButton) QTableView::mouseMoveEvent(event);
+}
+
+void table_view::mouseReleaseEvent(QMouseEvent* event) {
+  QTableView::mouseReleaseEvent(event);
+  const QPoint place = event->position().toPoint();
+  const QPersistentModelIndex cell = std::exchange(pressed_, QPersistentModelIndex());
+  if (!cell.isValid() || cell != indexAt(place)) return;
+  if (!cells_.drops_down(cell.column()) && !pressed_again_) return;
+  edit_.open(place_of(cell));
+  QLineEdit& line = edit_.editor().line();
+  line.setCursorPosition(line.cursorPositionAt(line.mapFrom(viewport(), place)));
+}
+
+}  // namespace
+
+grid_view& grid_view::make(grid_cells& cells, const grid_edit::events& events) {
+  return *new table_view(cells, events);
+}
+
+}  // namespace ta_vorlumine

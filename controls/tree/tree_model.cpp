@@ -1,0 +1,134 @@
+#include "controls/tree/tree_model.h"
+
+#include <QFont>
+#include <QPalette>
+#include <QWidget>
+
+#include "platform/contrast.h"
+#include "platform/fonts.h"
+#include "platform/native.h"
+
+namespace ta_vorlumine {
+
+using platform::to_toolkit;
+
+namespace {
+
+QFont font(const tree_node& node) {
+  QFont font = platform::window_font();
+  font.setPointSize(node.font_size);
+  font.setBold(node.bold);
+  return font;
+}
+
+}  // namespace
+
+void tree_model::hide(bool hidden) {
+  if (hidden_ == hidden) return;
+  beginResetModel();
+  hidden_ = hidden;
+  endResetModel();
+}
+
+void tree_model::set_pictures(const platform::ImageList& pictures) {
+  pictures_ = &pictures;
+  icons_.clear();
+}
+
+QModelIndex tree_model::index_of(const tree_node& node) const {
+  return hidden_ || !node.parent ? QModelIndex() : at(node.row, node);
+}
+
+tree_node* tree_model::node_at(const QModelIndex& index) {
+  return static_cast<tree_node*>(index.internalPointer());
+}
+
+tree_node& tree_model::insert(tree_node& parent, std::string_view key, std::string_view text,
+                              std::string_view tag) {
+  // A taken key must be refused before the view is told of a row to come.
+  if (hidden_ || nodes_.find(key)) return nodes_.add(parent, key, text, tag);
+  const int row = static_cast<int>(parent.children.size());
+  beginInsertRows(index_of(parent), row, row);
+  tree_node& added = nodes_.add(parent, key, text, tag);
+  endInsertRows();
+  return added;
+}
+
+void tree_model::remove(tree_node& node) {
+  if (hidden_) return nodes_.remove(node);
+  const int row = static_cast<int>(node.row);
+  beginRemoveRows(index_of(*node.parent), row, row);
+  nodes_.remove(node);
+  endRemoveRows();
+}
+
+void tree_model::move(tree_node& node, tree_node& parent) {
+  const bool stays = node.parent == &parent && node.row + 1 == parent.children.size();
+  if (stays) return;
+  if (hidden_) return nodes_.move(node, parent);
+  const int row = static_cast<int>(node.row);
+  beginMoveRows(index_of(*node.parent), row, row, index_of(parent),
+                static_cast<int>(parent.children.size()));
+  nodes_.move(node, parent);
+  endMoveRows();
+}
+
+void tree_model::show_change(const tree_node& node) {
+  if (hidden_) return;
+  const QModelIndex index = index_of(node);
+  emit dataChanged(index, index);
+}
+
+QModelIndex tree_model::index(int row, int column, const QModelIndex& parent) const {
+  if (!hasIndex(row, column, parent)) return {};
+  const auto place = static_cast<std::size_t>(row);
+  return at(place, *family(parent).children[place]);
+}
+
+QModelIndex tree_model::parent(const QModelIndex& index) const {
+  return index.isValid() ? index_of(*node_at(index)->parent) : QModelIndex();
+}
+
+int tree_model::rowCount(const QModelIndex& parent) const {
+  return hidden_ ? 0 : static_cast<int>(family(parent).children.size());
+}
+
+int tree_model::columnCount(const QModelIndex&) const {
+  return 1;
+}
+
+QVariant tree_model::data(const QModelIndex& index, int role) const {
+  const tree_node& node = *node_at(index);
+  switch (role) {
+    case Qt::DisplayRole:
+      return to_toolkit(node.text).replace('\n', ' ');
+    case Qt::ForegroundRole:
+      return platform::readable_on(view_.palette().color(QPalette::Base),
+                                   QColor(node.colour.red, node.colour.green, node.colour.blue));
+    case Qt::FontRole:
+      return font(node);
+    case Qt::DecorationRole:
+      return picture(node.expanded && !node.expanded_image.empty() ? node.expanded_image
+                                                                   : node.image);
+    default:
+      return {};
+  }
+}
+
+QModelIndex tree_model::at(std::size_t row, const tree_node& node) const {
+  return createIndex(static_cast<int>(row), 0, &node);
+}
+
+const tree_node& tree_model::family(const QModelIndex& parent) const {
+  return parent.isValid() ? *node_at(parent) : nodes_.top();
+}
+
+QIcon tree_model::picture(const std::string& key) const {
+  if (key.empty() || !pictures_) return {};
+  const QString name = to_toolkit(key);
+  const auto found = icons_.constFind(name);
+  if (found != icons_.constEnd()) return *found;
+  return *icons_.insert(name, QIcon(to_toolkit(pictures_->path(key))));
+}
+
+}  // namespace ta_vorlumine

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <QPoint>
+#include <QTreeView>
+#include <string>
+
+#include "controls/tree/ss_tree.h"
+#include "controls/tree/tree_model.h"
+
+namespace ta_vorlumine {
+
+/// The toolkit's view of the nodes. Raises the tree's events.
+class SSTree::tree_view : public QTreeView {
+ public:
+  explicit tree_view(SSTree& tree);
+
+  /// While off the view is empty.
+  void redraw(bool on);
+  void clear();
+  void remove(tree_node& node);
+  [[nodiscard]] const tree_node* selected() const;
+  void select(const tree_node* node);  ///< raises no event
+  /// Scrolls there, or will when next drawn.
+  void show_on_top(const tree_node& node);
+  [[nodiscard]] const tree_node* node_at(QPoint place) const;
+  [[nodiscard]] const tree_node* visible(std::size_t number) const;
+  /// Returns once the drag has ended and its drop, if any, was raised.
+  void drag(const tree_node& node);
+
+  tree_model model;
+
+ protected:
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void selectionChanged(const QItemSelection& on, const QItemSelection& off) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dragMoveEvent(QDragMoveEvent* event) override;
+  void dragLeaveEvent(QDragLeaveEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
+               const QModelIndex& index) const override;
+  void resizeEvent(QResizeEvent* event) override;
+
+ private:
+  [[nodiscard]] bool on_arrow(QPoint place) const;
+  void show_expansions();
+  void raise_click(const tree_node* node);
+  void raise_open(const tree_node* node);
+  void raise_drag_over(QPoint place);
+
+  SSTree& tree_;
+  bool quiet_ = false;  // selections are not raised: the press that makes them raises its own click
+  QPoint pressed_;
+  bool press_pending_ = false;  // a button is down and the pointer has not yet left its place
+  bool dropped_ = false;
+  QPoint drag_place_;
+  std::string current_key_;  // while drawing is off
+  std::string top_key_;      // of what will be on top when drawn
+};
+
+}  // namespace ta_vorlumine

@@ -1,0 +1,174 @@
+#include <algorithm>
+#include <exception>
+
+#include "browser/replace_form.h"
+#include "editor/replace_create.h"
+#include "rules/new_keys.h"
+#include "rules/statement_template.h"
+#include "rules/vanished_row.h"
+#include "store/sql.h"
+
+namespace ta_vorlumine {
+namespace {
+
+using platform::form;
+
+constexpr auto rule_row =
+    "INSERT INTO REPLACE_M ( REPLACE_M_NO, P_REPLACE_M_NO, USE_TYPE, FIELD_ID, REPLACE_COND_TYPE, "
+    "REPLACE_COND_NO, REPLACE_TITLE, REPLACE_TYPE, R_FIELD_ID, R_TEXT, R_TEXT_FILENAME, "
+    "R_IMAGE_FILENAME, R_MMEDIA_FILENAME, REPLACE_NO ) VALUES ( %01 , %02 , '%03' , '%04' , %05 , "
+    "%06 , '%07' , '%08' , '%09' , '%10' , '%11' , '%12' , '%13' , %14 )";
+
+constexpr auto definition_row =
+    "INSERT INTO REPLACE ( REPLACE_NO, P_REPLACE_NO, KIND, TITLE, COMMENT, REPLACE_M_NO ) VALUES ( "
+    "%01 , %02 , '%03' , '%04' , '%05' , %06 )";
+
+constexpr auto line_row =
+    "INSERT INTO REPLACE_COND ( REPLACE_COND_NO, SNO, USE_TYPE, S_METHOD, S_VAL, D_F_METHOD, "
+    "D_F_VAL, D_T_METHOD, D_T_VAL, N_F_METHOD, N_F_VAL, N_T_METHOD, N_T_VAL, B_VAL, REPLACE_NO ) "
+    "VALUES ( %01 , %02 , '%03' , '%04' , '%05' , '%06' , '%07' , '%08' , '%09' , '%10' , %11 , "
+    "'%12' , %13 , %14 , %15 )";
+
+std::int64_t whole(const ADODB::Recordset& row, const std::string& column) {
+  return row.Fields().Item(column).Value().number();
+}
+
+std::string value(const ADODB::Recordset& row, const std::string& column) {
+  return replace_create::GetRecordValue(row, column);
+}
+
+/// A place that takes no empty text: null stays null.
+std::string value_or_null(const ADODB::Recordset& row, const std::string& column) {
+  const std::string text = value(row, column);
+  return text.empty() ? null_value : text;
+}
+
+// Date columns of other lines hold this day, never nothing.
+std::string date_bound(const ADODB::Recordset& line, const std::string& column) {
+  return value(line, "use_type") == "D" ? value_or_null(line, column) : "1900/01/01";
+}
+
+}  // namespace
+
+/// One copy on its way: the numbers that it has drawn.
+struct replace_create::copy_numbers {
+  std::int32_t source;
+  std::int64_t definition;
+  std::int64_t offset;
+  std::int64_t next_condition;
+};
+
+void replace_create::copy_definition(std::int32_t source) {
+  auto& shared = form<replaceForm>();
+  copy_numbers numbers{source, 0, 0, shared.getfrom_seqno("replace_cond") + 1};
+  const std::int64_t first_rule = shared.getfrom_seqno("replace_m") + 1;
+  ADODB::Recordset rules;
+  rules.Open(ADODB::sql("SELECT * FROM REPLACE_M WHERE REPLACE_NO = <source> ORDER BY REPLACE_M_NO",
+                        {source}),
+             shared.conn);
+  if (!rules.eof()) numbers.offset = first_rule - whole(rules, "REPLACE_M_NO");
+  require_room(rules, numbers);
+  numbers.definition = insert_with_new_key(shared, "replace", [&](std::int16_t key) {
+    copy_replace_row(source, key, static_cast<std::int32_t>(first_rule));
+  });
+  shared.f_replace_no = up_replace_no = static_cast<std::int16_t>(numbers.definition);
+  shared.f_replace_m_no = static_cast<std::int16_t>(first_rule);
+  try {
+    std::int64_t last_rule = 0;
+    for (; !rules.eof(); rules.MoveNext()) last_rule = copy_rule_row(rules, numbers);
+    write_counters(numbers, last_rule);
+  } catch (...) {
+    delete_definition(numbers.definition);
+    throw;
+  }
+}
+
+// Known before anything is written: the highest rule number and the last condition number.
+void replace_create::require_room(ADODB::Recordset rules, const copy_numbers& numbers) {
+  std::int64_t next_condition = numbers.next_condition;
+  for (; !rules.eof(); rules.MoveNext()) {
+    static_cast<void>(checked_key(whole(rules, "REPLACE_M_NO") + numbers.offset));
+    const std::string cond_no = value(rules, "REPLACE_COND_NO");
+    if (!cond_no.empty() && cond_no != "0") static_cast<void>(checked_key(next_condition++));
+  }
+}
+
+void replace_create::copy_replace_row(std::int32_t source, std::int32_t key,
+                                      std::int32_t first_rule) {
+  ADODB::Recordset row;
+  row.Open(ADODB::sql("SELECT * FROM REPLACE WHERE REPLACE_NO = <source>", {source}),
+           form<replaceForm>().conn);
+  if (row.eof()) throw vanished_row();
+  form<replaceForm>().conn.Execute(fill_template(
+      definition_row, {std::to_string(key), value_or_null(row, "P_REPLACE_NO"), value(row, "KIND"),
+                       value(row, "TITLE"), value(row, "COMMENT"), std::to_string(first_rule)}));
+  row.Close();
+}
+
+// The lines go in before the row that points to them.
+std::int64_t replace_create::copy_rule_row(const ADODB::Recordset& rule, copy_numbers& numbers) {
+  const std::int64_t number = whole(rule, "REPLACE_M_NO") + numbers.offset;
+  const std::int64_t parent = whole(rule, "P_REPLACE_M_NO");
+  std::string condition = value(rule, "REPLACE_COND_NO");
+  if (condition.empty() || condition == "0") {
+    condition = "0";
+  } else {
+    copy_cond_rows(whole(rule, "REPLACE_COND_NO"), numbers);
+    condition = std::to_string(numbers.next_condition++);
+  }
+  form<replaceForm>().conn.Execute(fill_template(
+      rule_row, {std::to_string(number), std::to_string(parent == 0 ? 0 : parent + numbers.offset),
+                 value(rule, "USE_TYPE"), value(rule, "FIELD_ID"),
+                 GetRecordNum(rule, "REPLACE_COND_TYPE"), condition, value(rule, "REPLACE_TITLE"),
+                 value(rule, "REPLACE_TYPE"), value(rule, "R_FIELD_ID"), value(rule, "R_TEXT"),
+                 value(rule, "R_TEXT_FILENAME"), value(rule, "R_IMAGE_FILENAME"),
+                 value(rule, "R_MMEDIA_FILENAME"), std::to_string(numbers.definition)}));
+  return number;
+}
+
+// Condition numbers of two definitions may coincide: only the source's own lines are carried.
+void replace_create::copy_cond_rows(std::int64_t condition, const copy_numbers& numbers) {
+  ADODB::Recordset line;
+  line.Open(
+      ADODB::sql("SELECT * FROM REPLACE_COND WHERE REPLACE_COND_NO = <condition>", {condition}),
+      form<replaceForm>().conn);
+  for (; !line.eof(); line.MoveNext()) {
+    if (whole(line, "REPLACE_NO") != numbers.source) continue;
+    form<replaceForm>().conn.Execute(fill_template(
+        line_row, {std::to_string(numbers.next_condition), GetRecordNum(line, "SNO"),
+                   value(line, "USE_TYPE"), value_or_null(line, "S_METHOD"), value(line, "S_VAL"),
+                   value_or_null(line, "D_F_METHOD"), date_bound(line, "D_F_VAL"),
+                   value_or_null(line, "D_T_METHOD"), date_bound(line, "D_T_VAL"),
+                   value_or_null(line, "N_F_METHOD"), GetRecordNum(line, "N_F_VAL"),
+                   value_or_null(line, "N_T_METHOD"), GetRecordNum(line, "N_T_VAL"),
+                   value_or_null(line, "B_VAL"), std::to_string(numbers.definition)}));
+  }
+  line.Close();
+}
+
+// A counter never goes back: another program may have drawn numbers meanwhile.
+void replace_create::write_counters(const copy_numbers& numbers, std::int64_t last_rule) {
+  auto& shared = form<replaceForm>();
+  const auto write = [&](const char* statement, const char* name, std::int64_t number) {
+    shared.conn.Execute(ADODB::sql(statement, {std::max(number, shared.getfrom_seqno(name))}));
+  };
+  write("UPDATE SEQNO SET REPLACE = <number>", "replace", numbers.definition);
+  if (last_rule != 0) write("UPDATE SEQNO SET REPLACE_M = <number>", "replace_m", last_rule);
+  write("UPDATE SEQNO SET REPLACE_COND = <number>", "replace_cond", numbers.next_condition);
+}
+
+// The definition's own row goes last: what could not be deleted before it the user still sees, and
+// can delete.
+void replace_create::delete_definition(std::int64_t definition) {
+  try {
+    auto& conn = form<replaceForm>().conn;
+    conn.Execute(
+        ADODB::sql("delete from replace_cond where replace_no=<replace_no>", {definition}));
+    conn.Execute(ADODB::sql("delete from replace_m where replace_no=<replace_no>", {definition}));
+    conn.Execute(ADODB::sql("Delete from replace where replace_no=<replace_no>", {definition}));
+  } catch (const std::exception&) {
+    // The failure that led here is the one to tell.
+  }
+}
+
+}  // namespace ta_vorlumine

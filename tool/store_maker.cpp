@@ -1,0 +1,76 @@
+#include "tool/store_maker.h"
+
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <system_error>
+
+#include "store/ascii.h"
+#include "store/connection_string.h"
+#include "store/error.h"
+#include "store/postgresql_session.h"
+#include "store/sqlite_database.h"
+#include "tool/embedded_scripts.h"
+
+namespace rule_store {
+namespace {
+
+// Creating and refusing what exists is one step of the system, so that of two programs that make
+// the same store one fails.
+void create_file(const std::string& path) {
+  const int file = ::open(path.c_str(), O_CREAT | O_EXCL | O_RDWR | O_CLOEXEC, 0666);
+  if (file < 0)
+    throw ADODB::Error(ADODB::failure_kind::other,
+                       path + ": " + std::generic_category().message(errno));
+  ::close(file);
+}
+
+void remove_files(const std::string& path) {
+  std::error_code ignored;
+  for (const char* suffix : {"", "-journal", "-wal", "-shm"})
+    std::filesystem::remove(path + suffix, ignored);
+}
+
+void fill(const std::string& path, content wanted) {
+  ADODB::sqlite_database database(path);
+  database.run("PRAGMA journal_mode=WAL; BEGIN");
+  database.run(sqlite_schema_script);
+  if (wanted == content::sample) database.run(sample_script);
+  database.run("COMMIT");
+}
+
+void make_file(const std::string& path, content wanted) {
+  create_file(path);
+  try {
+    fill(path, wanted);
+  } catch (...) {
+    remove_files(path);
+    throw;
+  }
+}
+
+// Ending without the commit takes everything back.
+void make_on_server(const ADODB::connection_settings& settings, content wanted) {
+  ADODB::postgresql_session session(settings);
+  if (session.encoding() != "UTF8")
+    throw ADODB::Error(ADODB::failure_kind::other,
+                       "the database holds texts in " + session.encoding() +
+                           ", which lacks characters that a store must hold; it must be UTF8");
+  session.run("BEGIN");
+  session.run(postgresql_schema_script);
+  if (wanted == content::sample) session.run(sample_script);
+  session.run("COMMIT");
+}
+
+}  // namespace
+
+void make_store(const std::string& place, content wanted) {
+  if (ADODB::lower(place).find("driver=") == std::string::npos) return make_file(place, wanted);
+  const auto settings = ADODB::read_connection_string(place);
+  if (settings.driver == "sqlite") return make_file(settings.values.at("database"), wanted);
+  make_on_server(settings, wanted);
+}
+
+}  // namespace rule_store

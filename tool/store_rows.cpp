@@ -1,0 +1,179 @@
+#include "tool/store_rows.h"
+
+#include <algorithm>
+#include <tuple>
+#include <utility>
+
+#include "store/connection.h"
+
+namespace rule_store {
+namespace {
+
+/// Takes the columns of a row from left to right.
+class row_reader {
+ public:
+  explicit row_reader(const ADODB::Fields& row) : row_(row) {}
+
+  ADODB::Value value() { return row_.Item(next_++).Value(); }
+  std::string text() { return value().text(); }
+  key number() {
+    const ADODB::Value number = value();
+    return number.is_null() ? no_key : number.number();
+  }
+  key number_but_0() {
+    const key found = number();
+    return found == 0 ? no_key : found;
+  }
+  bound ends() {
+    ADODB::Value end = value();
+    return {std::move(end), value()};
+  }
+
+ private:
+  ADODB::Fields row_;
+  std::size_t next_ = 0;
+};
+
+// The members of each row below are filled in the order in which they stand, which is the order of
+// the columns in the select.
+
+title_row read_title(row_reader row) {
+  return {.no = row.number(),
+          .parent = row.number(),
+          .kind = row.text(),
+          .title = row.value(),
+          .comment = row.text(),
+          .top_rule = row.number()};
+}
+
+rule_row read_rule(row_reader row) {
+  rule_row rule = {.definition = row.number(),
+                   .parent = row.number(),
+                   .cond_type = row.text(),
+                   .no = row.number(),
+                   .use_type = row.text(),
+                   .field_id = row.text(),
+                   .lines = row.number_but_0(),
+                   .title = row.text(),
+                   .replace_type = row.text(),
+                   .content = {}};
+  for (const char* type : {"S", "T", "I", "M", "F"}) {
+    if (std::string content = row.text(); type == rule.replace_type) rule.content = content;
+  }
+  return rule;
+}
+
+line_row read_line(row_reader row) {
+  return {.definition = row.number(),
+          .condition = row.number(),
+          .sno = row.number(),
+          .use_type = row.text(),
+          .text = row.ends(),
+          .date_from = row.ends(),
+          .date_to = row.ends(),
+          .number_from = row.ends(),
+          .number_to = row.ends(),
+          .answer = row.value()};
+}
+
+counter_row read_counters(row_reader row) {
+  return {.replace = row.number(), .replace_m = row.number(), .replace_cond = row.number()};
+}
+
+template <class Row>
+std::vector<Row> read_all(ADODB::Connection& connection, std::string_view select,
+                          Row (*read)(row_reader)) {
+  ADODB::Recordset found = connection.Execute(select);
+  std::vector<Row> rows;
+  rows.reserve(found.RecordCount());
+  for (; !found.eof(); found.MoveNext()) rows.push_back(read(row_reader(found.Fields())));
+  return rows;
+}
+
+std::map<std::string, field_row> read_fields(ADODB::Connection& connection) {
+  std::map<std::string, field_row> fields;
+  ADODB::Recordset found = connection.Execute("select field_id,field_name,attr from field");
+  for (; !found.eof(); found.MoveNext()) {
+    row_reader row(found.Fields());
+    const std::string id = row.text();
+    fields[id] = {.name = row.text(), .attr = row.text()};
+  }
+  return fields;
+}
+
+store_rows read_tables(ADODB::Connection& connection) {
+  return {.titles = read_all(connection,
+                             "select replace_no,p_replace_no,kind,title,comment,replace_m_no"
+                             " from replace",
+                             read_title),
+          .rules = read_all(connection,
+                            "select replace_no,p_replace_m_no,replace_cond_type,replace_m_no,"
+                            "use_type,field_id,replace_cond_no,replace_title,replace_type,r_text,"
+                            "r_text_filename,r_image_filename,r_mmedia_filename,r_field_id"
+                            " from replace_m",
+                            read_rule),
+          .lines = read_all(connection,
+                            "select replace_no,replace_cond_no,sno,use_type,s_val,s_method,"
+                            "d_f_val,d_f_method,d_t_val,d_t_method,n_f_val,n_f_method,n_t_val,"
+                            "n_t_method,b_val from replace_cond",
+                            read_line),
+          .fields = read_fields(connection),
+          .counters = read_all(connection, "select replace,replace_m,replace_cond from seqno",
+                               read_counters)};
+}
+
+auto place(const rule_row& row) {
+  return std::make_tuple(row.definition, row.parent, row.is_otherwise(), row.no);
+}
+
+auto place(const line_row& row) {
+  return std::make_tuple(row.definition, row.condition, row.sno);
+}
+
+// Sorted here and not by the engine: engines differ in where they put nulls.
+void sort(store_rows& rows) {
+  std::ranges::sort(rows.titles, {}, &title_row::no);
+  std::ranges::sort(rows.rules, {}, [](const rule_row& row) { return place(row); });
+  std::ranges::sort(rows.lines, {}, [](const line_row& row) { return place(row); });
+}
+
+/// The rows that have this key. `rows` stand in the order of it.
+template <class Row, class Key, class Projection>
+std::span<const Row> equal_rows(std::span<const Row> rows, const Key& wanted, Projection key_of) {
+  const auto first = std::ranges::lower_bound(rows, wanted, {}, key_of);
+  return {first, std::ranges::upper_bound(first, rows.end(), wanted, {}, key_of)};
+}
+
+}  // namespace
+
+const title_row* store_rows::title(key no) const {
+  const auto found = std::ranges::lower_bound(titles, no, {}, &title_row::no);
+  return found != titles.end() && found->no == no ? &*found : nullptr;
+}
+
+std::span<const rule_row> store_rows::rules_of(key definition) const {
+  return equal_rows<rule_row>(rules, definition, &rule_row::definition);
+}
+
+std::span<const rule_row> store_rows::children(key definition, key parent) const {
+  return equal_rows<rule_row>(rules_of(definition), parent, &rule_row::parent);
+}
+
+std::span<const line_row> store_rows::lines_of(key definition, key condition) const {
+  return equal_rows<line_row>(
+      lines, std::make_pair(definition, condition),
+      [](const line_row& line) { return std::make_pair(line.definition, line.condition); });
+}
+
+store_rows read_store(const std::string& connect_string) {
+  ADODB::Connection connection;
+  connection.Open(connect_string);
+  // One transaction, so that the tables fit together while other programs write.
+  connection.BeginTrans();
+  store_rows rows = read_tables(connection);
+  connection.RollbackTrans();
+  sort(rows);
+  return rows;
+}
+
+}  // namespace rule_store
