@@ -3,8 +3,9 @@
 #include "editor/replace_create.h"
 #include "platform/busy_pointer.h"
 #include "platform/messages.h"
-#include "rules/new_keys.h"
-#include "rules/vanished_row.h"
+#include "rules/branch_deletion.h"
+#include "rules/key_counters.h"
+#include "rules/outdated_view.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -34,13 +35,13 @@ void replaceForm::press(const std::string& button) {
 }
 
 void replaceForm::add_folder() {
-  basAU = "1";
+  shared().set_mode(edit_mode::new_folder);
   form<replaceFolder>().window.show();
   Init_ToolBar();
 }
 
 void replaceForm::rename_folder() {
-  basAU = "2";
+  shared().set_mode(edit_mode::rename_folder);
   form<replaceFolder>().window.set_caption("置換フォルダの修正");
   form<replaceFolder>().window.show();
   Init_ToolBar();
@@ -69,10 +70,10 @@ void replaceForm::delete_definition() {
 
 // The row stands before the editor opens; an editor that is left untouched takes it away again.
 void replaceForm::add_definition() {
-  basAU = "5";
+  shared().set_mode(edit_mode::new_definition);
   const std::int64_t last_number = getfrom_seqno("replace");
   const std::int16_t reserved = checked_key(getfrom_seqno("replace_m") + 1);
-  f_replace_no = insert_with_new_key(*this, "replace", last_number, [&](std::int16_t key) {
+  f_replace_no = insert_title_row(conn, last_number, [&](std::int16_t key) {
     conn.Execute(
         sql("INSERT INTO replace(replace_no,p_replace_no,kind,title,replace_m_no) "
             "VALUES( <new key>,<basNodeKey> ,'C',' ',<reserved rule key>)",
@@ -80,20 +81,38 @@ void replaceForm::add_definition() {
   });
   update_seqno("replace");
   f_replace_m_no = reserved;
-  form<replace_create>().window.show();
+  show_editor();
 }
 
 void replaceForm::edit_definition() {
-  basAU = "6";
+  shared().set_mode(edit_mode::edit_definition);
   f_replace_no = checked_key(basRS.Fields().Item(0).Value().number());
   f_replace_m_no = static_cast<std::int16_t>(basRS.Fields().Item(1).Value().number());
-  form<replace_create>().window.show();
+  show_editor();
 }
 
 void replaceForm::copy_definition() {
-  basAU = "8";
+  shared().set_mode(edit_mode::copy_definition);
   f_replace_m_no = static_cast<std::int16_t>(basRS.Fields().Item(1).Value().number());
+  show_editor();
+}
+
+void replaceForm::show_editor() {
   form<replace_create>().window.show();
+  Init_ToolBar();
+  init_form();
+}
+
+std::int64_t replaceForm::getfrom_seqno(std::string_view name) {
+  return ta_vorlumine::getfrom_seqno(conn, name);
+}
+
+void replaceForm::update_seqno(std::string_view name) {
+  ta_vorlumine::update_seqno(conn, name);
+}
+
+void replaceForm::DeleteChild(const std::string& P_ID) {
+  delete_folder_contents(conn, std::stoll(P_ID));
 }
 
 }  // namespace ta_vorlumine

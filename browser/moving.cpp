@@ -2,7 +2,7 @@
 
 #include "browser/replace_form.h"
 #include "platform/messages.h"
-#include "rules/vanished_row.h"
+#include "rules/row_checks.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -41,7 +41,7 @@ void replaceForm::move_title_node(const Node& source, const Node& target) {
   if (target.Key() != "0" && lies_below_namesake(source, target)) {
     return platform::message("この場所への移動はできません");
   }
-  require_title_row(source.Key());
+  require_title_row(conn, std::stoll(source.Key()));
   if (lies_below_in_store(conn, source.Key(), target.Key())) {
     platform::message("この場所への移動はできません");
     return init_form();

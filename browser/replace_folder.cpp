@@ -3,8 +3,8 @@
 #include "browser/replace_form.h"
 #include "controls/tree/tree_look.h"
 #include "platform/messages.h"
-#include "rules/new_keys.h"
-#include "rules/vanished_row.h"
+#include "rules/key_counters.h"
+#include "rules/row_checks.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -26,7 +26,7 @@ replaceFolder::replaceFolder()
 }
 
 void replaceFolder::load() {
-  if (form<replaceForm>().basAU == "2") Text1.set_text(form<replaceForm>().tmpNode.Text());
+  if (shared().mode() == edit_mode::rename_folder) Text1.set_text(shared().tmpNode.Text());
 }
 
 void replaceFolder::ok() {
@@ -39,8 +39,8 @@ void replaceFolder::ok() {
     return platform::message("タイトルが文字列長すぎます");
   }
   try {
-    if (form<replaceForm>().basAU == "1") add_folder(name);
-    if (form<replaceForm>().basAU == "2") rename_folder(name);
+    if (shared().mode() == edit_mode::new_folder) add_folder(name);
+    if (shared().mode() == edit_mode::rename_folder) rename_folder(name);
   } catch (const vanished_row& gone) {
     platform::message(gone.what());
     form<replaceForm>().init_form();
@@ -50,13 +50,14 @@ void replaceFolder::ok() {
 
 void replaceFolder::add_folder(const std::string& name) {
   auto& browser = form<replaceForm>();
-  if (browser.basNodeKey != "0") require_title_row(browser.basNodeKey);
-  const std::int16_t key = insert_with_new_key(browser, "replace", [&](std::int16_t number) {
-    browser.conn.Execute(
-        sql("INSERT INTO replace(replace_no,p_replace_no,kind,title,replace_m_no) "
-            "VALUES( <new key>,<basNodeKey> ,'F','<name>',0)",
-            {number, browser.basNodeKey, name}));
-  });
+  if (browser.basNodeKey != "0") require_title_row(browser.conn, shared().selected_key());
+  const std::int16_t key =
+      insert_title_row(browser.conn, browser.getfrom_seqno("replace"), [&](std::int16_t number) {
+        browser.conn.Execute(
+            sql("INSERT INTO replace(replace_no,p_replace_no,kind,title,replace_m_no) "
+                "VALUES( <new key>,<basNodeKey> ,'F','<name>',0)",
+                {number, browser.basNodeKey, name}));
+      });
   browser.atNode =
       browser.SSTree1.Nodes.AddChild(browser.basNodeKey, std::to_string(key), name, "0");
   show_as_row(browser.atNode);
@@ -67,7 +68,7 @@ void replaceFolder::add_folder(const std::string& name) {
 
 void replaceFolder::rename_folder(const std::string& name) {
   auto& browser = form<replaceForm>();
-  require_title_row(browser.basNodeKey);
+  require_title_row(browser.conn, shared().selected_key());
   browser.SSTree1.Nodes.Item(browser.basNodeKey).Text(name);
   browser.conn.Execute(sql("UPDATE replace SET title='<name>' where replace_no= <basNodeKey>",
                            {name, browser.basNodeKey}));

@@ -9,7 +9,7 @@
 
 namespace ta_vorlumine {
 
-/// The dialog that names a new folder or renames one, by the mode in form<replaceForm>().basAU.
+/// The dialog that names a new folder or renames one, by shared().mode().
 /// It writes to the store and patches the title tree.
 class replaceFolder {
  public:

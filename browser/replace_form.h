@@ -10,12 +10,11 @@
 #include "platform/image_list.h"
 #include "platform/label.h"
 #include "platform/toolbar.h"
-#include "store/connection.h"
+#include "rules/shared_state.h"
 
 namespace ta_vorlumine {
 
-/// The title browser: all folders and definitions of the store as one tree. It is also the home of
-/// what the forms share; they reach it as form<replaceForm>().
+/// The title browser: all folders and definitions of the store as one tree.
 class replaceForm {
  public:
   replaceForm();
@@ -28,17 +27,16 @@ class replaceForm {
   SSTree SSTree1;
   platform::Label Label1;
 
-  ADODB::Connection conn;      ///< the one connection: all statements run on it
-  ADODB::Recordset basRS;      ///< scratch: the last query of whichever form asked
-  ADODB::Recordset basCopyRs;  ///< scratch: a second one
-  Node atNode;                 ///< the node last added
-  Node tmpNode;                ///< the node last selected, in the title tree or the rule tree
-  std::string basNodeKey;      ///< its key; "0" is the root of either tree
-  /// The mode of the dialog or editor about to open: "1" new folder, "2" rename folder,
-  /// "5" new definition, "6" edit definition, "8" copy definition.
-  std::string basAU;
-  std::int16_t f_replace_no = 0;    ///< the definition under edit
-  std::int16_t f_replace_m_no = 0;  ///< the key reserved for its top rule row
+  // What all forms share; see shared_state for what each means.
+  ADODB::Connection& conn = shared().conn;
+  ADODB::Recordset& basRS = shared().basRS;
+  ADODB::Recordset& basCopyRs = shared().basCopyRs;
+  Node& atNode = shared().atNode;
+  Node& tmpNode = shared().tmpNode;
+  std::string& basNodeKey = shared().basNodeKey;
+  std::string& basAU = shared().basAU;
+  std::int16_t& f_replace_no = shared().f_replace_no;
+  std::int16_t& f_replace_m_no = shared().f_replace_m_no;
 
   /// Disables every button but `close`.
   void Init_ToolBar();
@@ -50,13 +48,12 @@ class replaceForm {
   /// Gives a row of the title tree the pictures of a folder.
   static void show_as_folder(const Node& node);
 
-  /// The last number used of the counter `name`. Tells the user if the table of counters is empty,
-  /// and gives 0 then.
+  /// See rules/key_counters.h.
   std::int64_t getfrom_seqno(std::string_view name);
   void update_seqno(std::string_view name);
 
-  /// Deletes all rows below the row `P_ID` of `replace`, rule rows and lines included, and that
-  /// row.
+  /// Deletes all rows below the row `P_ID` of `replace`, each with its rule rows and lines, and
+  /// that row.
   void DeleteChild(const std::string& P_ID);
 
  private:
@@ -78,6 +75,7 @@ class replaceForm {
   void edit_definition();
   void copy_definition();
   void delete_definition();
+  void show_editor();
 
   void move_title_node(const Node& source, const Node& target);
   void press_on_tree(int x, int y);

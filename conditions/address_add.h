@@ -8,7 +8,7 @@
 namespace ta_vorlumine {
 
 /// The picker that hangs a field of the address book under the selected node of the rule tree. It
-/// writes its row and has the editor build the tree anew.
+/// writes its row.
 class address_add {
  public:
   address_add();
@@ -18,6 +18,9 @@ class address_add {
   platform::ComboBox Combo1;
   platform::CommandButton Command1;
   platform::CommandButton Command2;
+
+  /// Whether the run that has ended changed the rule tree, or found it changed.
+  bool changed_tree = false;
 
  private:
   void load();

@@ -1,15 +1,12 @@
 #include "conditions/condition_dialog.h"
 
-#include "browser/replace_form.h"
-#include "editor/replace_create.h"
-#include "rules/new_keys.h"
+#include "rules/shared_state.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
 namespace {
 
 using ADODB::sql;
-using platform::form;
 
 constexpr int first_value_column = 5;
 
@@ -37,15 +34,14 @@ condition_dialog::condition_dialog(std::string name, condition_lines kind)
 }
 
 void condition_dialog::load_lines() {
-  auto& editor = form<replace_create>();
-  const std::int16_t definition = form<replaceForm>().f_replace_no;
+  auto& state = shared();
   fg.DataSource(
-      form<replaceForm>().conn.Execute(sql(kind_.select, {definition, editor.f_replace_cond_no})));
+      state.conn.Execute(sql(kind_.select, {state.f_replace_no, state.f_replace_cond_no})));
   fg.FormatString(kind_.format);
   fg.Cols(first_value_column + static_cast<int>(kind_.widths.size()));
   fg.Editable(2);
-  editor.cond_mode = fg.Rows() > 1;
-  add_trailing_row(std::to_string(editor.f_replace_cond_no), editor.sno_current);
+  state.cond_mode = fg.Rows() > 1;
+  add_trailing_row(std::to_string(state.f_replace_cond_no), state.sno_current);
   for (std::size_t i = 0; i < kind_.lists.size(); ++i) {
     if (!kind_.lists[i].empty()) {
       fg.ColComboList(first_value_column + static_cast<int>(i), kind_.lists[i]);
@@ -69,17 +65,17 @@ line_cells condition_dialog::cells(int row) {
 }
 
 std::int16_t condition_dialog::next_number() {
-  ADODB::Recordset found = form<replaceForm>().conn.Execute(
+  ADODB::Recordset found = shared().conn.Execute(
       sql("select max(sno) from replace_cond where replace_cond_no=<f_replace_cond_no> "
           "and replace_no=<f_replace_no>",
-          {form<replace_create>().f_replace_cond_no, form<replaceForm>().f_replace_no}));
+          {shared().f_replace_cond_no, shared().f_replace_no}));
   const bool none = found.eof() || found.Fields().Item(0).Value().is_null();
   return none ? std::int16_t{1} : checked_key(found.Fields().Item(0).Value().number() + 1);
 }
 
 void condition_dialog::add_trailing_row(const std::string& cond_no, std::int64_t sno) {
-  std::string row = "\t" + std::to_string(form<replaceForm>().f_replace_no) + "\t" + cond_no +
-                    "\t" + std::to_string(checked_key(sno)) + "\t" + kind_.use_type;
+  std::string row = "\t" + std::to_string(shared().f_replace_no) + "\t" + cond_no + "\t" +
+                    std::to_string(checked_key(sno)) + "\t" + kind_.use_type;
   row.append(kind_.widths.size(), '\t');
   fg.AddItem(row);
 }
@@ -91,7 +87,7 @@ void condition_dialog::row_check() {
   const int last = fg.Rows() - 1;
   if (row == -1) {
     if (last < 1 || fg.TextMatrix(1, 1).empty()) {
-      add_trailing_row(std::to_string(form<replace_create>().f_replace_cond_no), next);
+      add_trailing_row(std::to_string(shared().f_replace_cond_no), next);
     }
     return;
   }
@@ -110,7 +106,7 @@ void condition_dialog::delete_line() {
   if (const int row = fg.Row(); row != -1) {
     const line_cells line = cells(row);
     transaction_.run([&] {
-      form<replaceForm>().conn.Execute(
+      shared().conn.Execute(
           sql("delete from replace_cond where replace_cond_no=<cell 2> and replace_no=<cell 1> "
               "and sno=<cell 3>",
               {line[2], line[1], line[3]}));

@@ -47,7 +47,7 @@ class condition_dialog {
   platform::CommandButton Command1;
   platform::CommandButton Command2;
 
-  /// Fills the grid from the store, and sets cond_mode of the editor.
+  /// Fills the grid from the store, and sets shared().cond_mode.
   void load_lines();
 
  private:
@@ -61,7 +61,6 @@ class condition_dialog {
   void ok();
   [[nodiscard]] bool store();
   [[nodiscard]] bool rows_pass();
-  void move_to_condition(std::int16_t cond_no);
   [[nodiscard]] bool store_lines();
   void drop_rows();
 

@@ -2,13 +2,9 @@
 
 #include <exception>
 
-#include "browser/replace_form.h"
-#include "editor/replace_create.h"
+#include "rules/shared_state.h"
 
 namespace ta_vorlumine {
-
-using platform::form;
-
 namespace {
 
 constexpr int most_tries = 5;
@@ -17,13 +13,13 @@ constexpr int most_tries = 5;
 
 void condition_transaction::begin() {
   cond_saved_ = false;
-  form<replaceForm>().conn.BeginTrans();
+  shared().conn.BeginTrans();
 }
 
 void condition_transaction::run(const std::function<void()>& work) {
   // After a lost connection the dialog may stand here without a transaction; writing without one
   // would make its deletes final.
-  if (!form<replaceForm>().conn.in_transaction()) begin();
+  if (!shared().conn.in_transaction()) begin();
   try {
     run_while_stale(work);
   } catch (...) {
@@ -49,29 +45,23 @@ void condition_transaction::run_while_stale(const std::function<void()>& work) {
 }
 
 void condition_transaction::begin_anew(ADODB::purpose purpose) {
-  auto& conn = form<replaceForm>().conn;
+  auto& conn = shared().conn;
   if (conn.in_transaction()) conn.RollbackTrans();
   conn.BeginTrans(purpose);
 }
 
 void condition_transaction::commit() {
-  form<replaceForm>().conn.CommitTrans();
+  shared().conn.CommitTrans();
   cond_saved_ = true;
 }
 
-// A store that is out of reach takes nothing back; the editor is shown in any case, and a failure
-// told.
-void condition_transaction::end() {
-  auto& conn = form<replaceForm>().conn;
-  std::exception_ptr failure;
+// A rollback fails only where the connection is lost, and then the engine rolls back by itself. The
+// editor, which reads its tree next, tells the user.
+void condition_transaction::end() noexcept {
   try {
-    if (!cond_saved_ && conn.in_transaction()) conn.RollbackTrans();
-  } catch (...) {
-    failure = std::current_exception();
+    if (!cond_saved_ && shared().conn.in_transaction()) shared().conn.RollbackTrans();
+  } catch (const std::exception&) {
   }
-  form<replace_create>().Init_ToolBar();
-  form<replace_create>().init_tree();
-  if (failure) std::rethrow_exception(failure);
 }
 
 }  // namespace ta_vorlumine

@@ -20,8 +20,8 @@ class condition_transaction {
   /// Commits; from here on closing the dialog takes nothing back.
   void commit();
 
-  /// The dialog closes: takes back what was not committed and shows the editor's new state.
-  void end();
+  /// The dialog closes: takes back what was not committed.
+  void end() noexcept;
 
  private:
   void run_while_stale(const std::function<void()>& work);

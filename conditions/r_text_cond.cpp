@@ -9,7 +9,6 @@ namespace {
 
 constexpr int value = 5;
 constexpr int method = 6;
-constexpr std::size_t longest_value = 100;
 
 bool is_complete(const line_cells& row) {
   return !row[value].empty() && !row[method].empty();
@@ -24,7 +23,8 @@ std::string insert(const line_cells& row) {
 }
 
 void validate(VSFlexGrid& fg, int col, bool& cancel) {
-  if (col != value || platform::character_count(fg.EditText()) <= longest_value) return;
+  if (col != value || platform::character_count(fg.EditText()) <= r_text_cond::longest_value)
+    return;
   platform::message("条件名が文字列長すぎます");
   cancel = true;
 }

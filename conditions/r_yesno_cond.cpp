@@ -1,35 +1,30 @@
 #include "conditions/r_yesno_cond.h"
 
-#include <exception>
-
-#include "browser/replace_form.h"
-#include "editor/replace_create.h"
+#include "conditions/new_condition.h"
 #include "platform/messages.h"
-#include "rules/condition_row.h"
-#include "rules/selected_node.h"
+#include "rules/row_checks.h"
+#include "rules/shared_state.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
 namespace {
 
 using ADODB::sql;
-using platform::form;
 
 constexpr auto nothing_chosen = "選択してください";
 
 /// The line's answer; makes the line if the condition has none.
 ADODB::Value stored_answer() {
-  auto& shared = form<replaceForm>();
-  const auto& editor = form<replace_create>();
-  ADODB::Recordset line = shared.conn.Execute(
+  auto& state = shared();
+  ADODB::Recordset line = state.conn.Execute(
       sql("select b_val from replace_cond where replace_cond_no=<f_replace_cond_no> "
           "and replace_no=<f_replace_no>",
-          {editor.f_replace_cond_no, shared.f_replace_no}));
+          {state.f_replace_cond_no, state.f_replace_no}));
   if (!line.eof()) return line.Fields().Item("b_val").Value();
-  shared.conn.Execute(
+  state.conn.Execute(
       sql("insert into replace_cond(replace_no,replace_cond_no,sno,use_type) "
           "values(<f_replace_no>,<f_replace_cond_no>,<sno_current>,'B')",
-          {shared.f_replace_no, editor.f_replace_cond_no, editor.sno_current}));
+          {state.f_replace_no, state.f_replace_cond_no, state.sno_current}));
   return {};
 }
 
@@ -56,11 +51,7 @@ void r_yesno_cond::load() {
   try {
     transaction_.run([this] { read_answer(); });
   } catch (...) {
-    // A form that fails to load is never unloaded. The failure to tell is the first.
-    try {
-      transaction_.end();
-    } catch (const std::exception&) {
-    }
+    transaction_.end();  // a form that fails to load is never unloaded
     throw;
   }
 }
@@ -92,25 +83,23 @@ void r_yesno_cond::ok() {
 // A transaction that had to begin anew has lost the line of the opening: it is made again, and
 // under a new number if another program has taken the one of then.
 void r_yesno_cond::store_answer(bool answer) {
-  auto& shared = form<replaceForm>();
-  auto& editor = form<replace_create>();
-  require_selected_node();
-  if (editor.f_cond_value == 0 && count_children() <= 1) renew_condition_number();
+  auto& state = shared();
+  require_rule_row(state.conn, state.f_replace_no, state.selected_key());
+  if (state.f_cond_value == 0 && count_children() <= 1) renew_condition_number();
   static_cast<void>(stored_answer());
-  shared.conn.Execute(
+  state.conn.Execute(
       sql("update replace_cond set b_val=<answer> where replace_no=<f_replace_no> "
           "and replace_cond_no=<f_replace_cond_no>",
-          {answer ? "True" : "False", shared.f_replace_no, editor.f_replace_cond_no}));
+          {answer ? "True" : "False", state.f_replace_no, state.f_replace_cond_no}));
 }
 
 // A yes/no field has one condition: with its otherwise branch it needs no more rows.
 void r_yesno_cond::make_row() {
-  auto& editor = form<replace_create>();
-  if (editor.f_cond_value != 0) return;
+  auto& state = shared();
+  if (state.f_cond_value != 0) return;
   const std::int64_t children = count_children();
-  if (children <= 1) insert_condition_row();
-  if (children == 0) editor.ins_yiwai();
-  form<replaceForm>().basRS.Close();
+  if (children <= 1) insert_new_condition(children);
+  state.basRS.Close();
 }
 
 }  // namespace ta_vorlumine

@@ -11,49 +11,44 @@ namespace {
 
 using platform::form;
 
-constexpr int longest_value = 100;
-
 /// Naming the field loads the dialog, and with it starts its transaction, before the grid is
-/// filled. A dialog that can't be filled must not leave the transaction behind.
+/// filled. A dialog that can't be filled is unloaded, which ends the transaction.
 template <class Fill>
-void open(platform::Form& window, platform::Label& label, const std::string& field, Fill fill) {
-  label.set_caption(field);
+void show_with_field(platform::Form& window, platform::Label& label, Fill fill) {
+  label.set_caption(shared().f_fieldname);
   try {
     fill();
   } catch (...) {
-    try {
-      window.unload();
-    } catch (const std::exception&) {
-      // The failure that led here is the one to tell.
-    }
+    window.unload();
     throw;
   }
   window.show();
 }
 
-}  // namespace
-
-void replace_create::load_text_cond_grid() {
-  condition_dialog& dialog = form<r_text_cond>().dialog;
-  open(dialog.window, dialog.Label1, f_fieldname, [&] {
+void show_lines(condition_dialog& dialog, int longest_text) {
+  show_with_field(dialog.window, dialog.Label1, [&] {
     dialog.load_lines();
-    dialog.fg.EditMaxLength(f_attr == "T" ? longest_value : 0);
+    dialog.fg.EditMaxLength(longest_text);
   });
 }
 
+}  // namespace
+
+void replace_create::load_text_cond_grid() {
+  show_lines(form<r_text_cond>().dialog, f_attr == "T" ? r_text_cond::longest_value : 0);
+}
+
 void replace_create::load_date_cond_grid() {
-  condition_dialog& dialog = form<r_date_cond>().dialog;
-  open(dialog.window, dialog.Label1, f_fieldname, [&] { dialog.load_lines(); });
+  show_lines(form<r_date_cond>().dialog, 0);
 }
 
 void replace_create::load_number_cond_grid() {
-  condition_dialog& dialog = form<r_number_cond>().dialog;
-  open(dialog.window, dialog.Label1, f_fieldname, [&] { dialog.load_lines(); });
+  show_lines(form<r_number_cond>().dialog, 0);
 }
 
 void replace_create::show_yesno_cond() {
   auto& dialog = form<r_yesno_cond>();
-  open(dialog.window, dialog.Label1, f_fieldname, [] {});
+  show_with_field(dialog.window, dialog.Label1, [] {});
 }
 
 }  // namespace ta_vorlumine

@@ -3,15 +3,14 @@
 #include <array>
 #include <charconv>
 
-#include "browser/replace_form.h"
 #include "platform/messages.h"
+#include "rules/shared_state.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
 namespace {
 
 using ADODB::sql;
-using platform::form;
 using suffixes = std::array<const char*, 4>;  // by method; a method outside 1 to 3 has none
 
 constexpr suffixes text_suffixes{nullptr, "（部分一致）", "（先頭一致）", "（完全一致）"};
@@ -64,11 +63,11 @@ void add_line(const ADODB::Recordset& line, std::string& text) {
 std::string condition_text(const ADODB::Recordset& condition) {
   if (column(condition, "replace_cond_type").text() == "1") return "以外";
   if (column(condition, "replace_cond_no").is_null()) return {};
-  auto& lines = form<replaceForm>().basRS;
-  lines = form<replaceForm>().conn.Execute(
+  auto& lines = shared().basRS;
+  lines = shared().conn.Execute(
       sql("select * from replace_cond where replace_cond_no=<replace_cond_no> "
           "and replace_no=<f_replace_no>",
-          {column(condition, "replace_cond_no"), form<replaceForm>().f_replace_no}));
+          {column(condition, "replace_cond_no"), shared().f_replace_no}));
   std::string text;
   for (; !lines.eof(); lines.MoveNext()) add_line(lines, text);
   if (text.ends_with(';')) text.pop_back();

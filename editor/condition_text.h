@@ -7,7 +7,7 @@
 namespace ta_vorlumine {
 
 /// The node text of a condition, from its current row of `replace_m` and the lines that the row
-/// points to. Overwrites form<replaceForm>().basRS. A line of an unknown kind is told in a message
+/// points to. Overwrites shared().basRS. A line of an unknown kind is told in a message
 /// and left out.
 [[nodiscard]] std::string condition_text(const ADODB::Recordset& condition);
 

@@ -1,60 +1,54 @@
-#include "browser/replace_form.h"
 #include "editor/replace_create.h"
 #include "platform/busy_pointer.h"
-#include "rules/new_keys.h"
-#include "rules/vanished_row.h"
+#include "rules/definition_copy.h"
+#include "rules/outdated_view.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
 
 using ADODB::sql;
-using platform::form;
 
 void replace_create::load() {
-  auto& browser = form<replaceForm>();
-  const int mode = std::stoi(browser.basAU);
-  const std::int32_t selected = std::stoi(browser.basNodeKey);
+  auto& state = shared();
   Init_ToolBar();
-  if (mode == 6) up_replace_no = checked_key(selected);
-  if (mode == 5) up_replace_no = checked_key(browser.f_replace_no);
-  if (mode == 8) {
+  if (state.mode() == edit_mode::copy_definition) {
     const platform::busy_pointer busy;
-    copy_definition(selected);
+    const copied_definition copy = copy_definition(state.conn, state.selected_key());
+    state.f_replace_no = copy.replace_no;
+    state.f_replace_m_no = copy.replace_m_no;
   }
   try {
-    show_definition(mode);
+    open_definition();
   } catch (...) {
     // Without its editor a new definition has no title, and a copy that of its source.
-    if (mode != 6) delete_definition(up_replace_no);
+    if (state.mode() != edit_mode::edit_definition) {
+      discard_definition(state.conn, state.f_replace_no);
+    }
     throw;
   }
 }
 
-void replace_create::show_definition(int mode) {
-  const std::string& selected = form<replaceForm>().basNodeKey;
+void replace_create::open_definition() {
   // The root counts as selected, and a value is what it takes without a further look.
-  if (mode == 5) Toolbar1.enable(cond_val_set_button, true);
-  if (mode == 6) {
-    fill_fields(sql("select title,comment from replace where replace_no=<basNodeKey>", {selected}));
-  }
-  if (mode == 8) {
-    fill_fields(sql("select p_replace_no,title,comment from replace where replace_no=<basNodeKey>",
-                    {selected}));
+  if (shared().mode() == edit_mode::new_definition) {
+    Toolbar1.enable(cond_val_set_button, true);
+  } else {
+    fill_fields();
   }
   init_tree();
 }
 
-void replace_create::fill_fields(const std::string& statement) {
-  auto& rows = form<replaceForm>().basRS;
-  rows = form<replaceForm>().conn.Execute(statement);
+// A copy shows its source's title and remark, which are its own too.
+void replace_create::fill_fields() {
+  auto& rows = shared().basRS;
+  const bool copied = shared().mode() == edit_mode::copy_definition;
+  rows = shared().conn.Execute(
+      sql(copied ? "select p_replace_no,title,comment from replace where replace_no=<basNodeKey>"
+                 : "select title,comment from replace where replace_no=<basNodeKey>",
+          {shared().basNodeKey}));
   if (rows.eof()) throw vanished_row();
   Text1.set_text(rows.Fields().Item("title").Value().text());
   Text2.set_text(rows.Fields().Item("comment").Value().text());
-}
-
-void replace_create::refresh_browser() {
-  form<replaceForm>().Init_ToolBar();
-  form<replaceForm>().init_form();
 }
 
 }  // namespace ta_vorlumine

@@ -32,12 +32,8 @@ replace_create::replace_create()
        SSTree1});
   window.tab_order = {&Text1, &Text2, &SSTree1, &Toolbar1};
   window.on_load = [this] { load(); };
-  window.on_unload = [] { refresh_browser(); };
   window.on_close = [this] { exit(); };
-  window.on_failure = [this] {
-    Init_ToolBar();
-    init_tree();
-  };
+  window.on_failure = [this] { refresh(); };
   window.on_key_down = [this](int& code, int shift) {
     if (window.active_control() == SSTree1.name()) swallow_clipboard_keys(code, shift);
   };
@@ -51,6 +47,11 @@ void replace_create::Init_ToolBar() {
     Toolbar1.enable(position, false);
   }
   Toolbar1.enable(exit_button, true);
+}
+
+void replace_create::refresh() {
+  Init_ToolBar();
+  init_tree();
 }
 
 void replace_create::press(int position) {

@@ -9,7 +9,7 @@
 #include "platform/label.h"
 #include "platform/text_box.h"
 #include "platform/toolbar.h"
-#include "store/recordset.h"
+#include "rules/shared_state.h"
 
 namespace ta_vorlumine {
 
@@ -29,43 +29,35 @@ class replace_create {
   platform::Label Label2;
   SSTree SSTree1;
 
-  // What the editor and its dialogs hand each other.
-  std::int16_t up_replace_no = 0;      ///< key of the `replace` row under edit
-  std::string f_attr;                  ///< attr of the field that a condition dialog serves
-  std::string f_fieldname;             ///< name of that field
-  std::int16_t f_replace_cond_no = 0;  ///< number of the lines that the dialog edits
-  std::int16_t f_cond_value = 0;       ///< 1: an existing condition, 0: a new one under a field
-  std::int16_t sno_current = 0;        ///< number that the next new line gets
-  bool cond_mode = false;              ///< the condition had lines when its dialog opened
-  std::int16_t r_value = 0;            ///< 1: the value dialog edits a value, 0: it adds one
+  // What the editor and its dialogs hand each other; see shared_state for what each means.
+  std::int16_t& up_replace_no = shared().f_replace_no;
+  std::string& f_attr = shared().f_attr;
+  std::string& f_fieldname = shared().f_fieldname;
+  std::int16_t& f_replace_cond_no = shared().f_replace_cond_no;
+  std::int16_t& f_cond_value = shared().f_cond_value;
+  std::int16_t& sno_current = shared().sno_current;
+  bool& cond_mode = shared().cond_mode;
+  std::int16_t& r_value = shared().r_value;
 
   /// Disables every button but `exit`.
   void Init_ToolBar();
 
-  /// Builds the rule tree of form<replaceForm>().f_replace_no anew from the store and takes
-  /// basNodeKey back to "0".
+  /// Builds the rule tree of f_replace_no anew from the store and takes basNodeKey back to "0".
   void init_tree();
-  /// Adds the node of the current row of form<replaceForm>().basCopyRs.
+  /// Adds the node of the current row of basCopyRs.
   void initone();
 
-  /// A column as text for a quoted place, each "'" doubled; empty for null and on any failure.
+  /// See rules/record_values.h.
   static std::string GetRecordValue(const ADODB::Recordset& rs, const std::string& fid);
-  /// A column as text for an unquoted place; "0" for null and on any failure.
   static std::string GetRecordNum(const ADODB::Recordset& rs, const std::string& fid);
 
-  /// Adds the otherwise branch under the field node basNodeKey, in the tree and in the store.
+  /// Adds the otherwise branch under the field node basNodeKey, in the store and in the tree.
   void ins_yiwai();
   /// Deletes from the store the row `P_ID` of the rule tree with all below it, lines included; the
   /// lines of `P_ID` itself are the caller's. The tree stays as it is.
-  void DeleteChild(const std::string& P_ID);
-  /// Lends the condition dialogs a number, f_replace_cond_no, under which the definition has no
-  /// lines; the counter is advanced only past numbers that proved to be taken.
-  void lend_condition_number();
-  /// Deletes from the store the selected condition, whose lines are gone already, as deleting its
-  /// node would. Asks first if branches would go with it; false if the user keeps them.
-  [[nodiscard]] bool remove_emptied_condition();
+  static void DeleteChild(const std::string& P_ID);
   /// Deletes the child row of a node that has exactly one, and nothing below it.
-  void delete_from_cond(std::int32_t replace_no, std::int32_t p_replace_m_no);
+  static void delete_from_cond(std::int32_t replace_no, std::int32_t p_replace_m_no);
 
  private:
   // Positions in the toolbar, separators counted.
@@ -78,21 +70,14 @@ class replace_create {
   };
 
   void load();
-  void show_definition(int mode);
-  void fill_fields(const std::string& statement);
-  static void refresh_browser();
+  void open_definition();
+  void fill_fields();
   void press(int position);
+  /// After a dialog has gone: the tree as the store has it now, and a fresh selection asked for.
+  void refresh();
 
   void add_rule_nodes();
-
-  struct copy_numbers;
-  void copy_definition(std::int32_t source);
-  static void require_room(ADODB::Recordset rules, const copy_numbers& numbers);
-  static void copy_replace_row(std::int32_t source, std::int32_t key, std::int32_t first_rule);
-  static std::int64_t copy_rule_row(const ADODB::Recordset& rule, copy_numbers& numbers);
-  static void copy_cond_rows(std::int64_t condition, const copy_numbers& numbers);
-  static void write_counters(const copy_numbers& numbers, std::int64_t last_rule);
-  static void delete_definition(std::int64_t definition);
+  void add_rule_node(const ADODB::Recordset& row);
 
   void select_node(const Node& node);
   void enable_for(const Node& node);
@@ -101,21 +86,22 @@ class replace_create {
   void addr_set();
   void cond_val_set();
   void cond_set();
-  std::int16_t lend_new();
-  [[nodiscard]] bool read_field_attr(bool existing);
-  void lend_yesno_number(const ADODB::Recordset& row, std::int16_t first_cond_no);
+  void prepare_existing_condition(const ADODB::Recordset& row);
+  [[nodiscard]] std::int16_t prepare_new_condition();
+  [[nodiscard]] bool read_field_attr();
+  void reuse_yesno_number(const ADODB::Recordset& row, std::int16_t first_cond_no);
   void set_next_line_number();
   void open_condition_dialog();
 
   void del_set();
   void delete_field(const ADODB::Recordset& row, const std::string& key);
   void delete_condition(const ADODB::Recordset& row, const std::string& key);
-  void delete_otherwise(const Node& otherwise);
+  void delete_otherwise(row_key otherwise);
   void delete_value(const ADODB::Recordset& row, const std::string& key);
 
   void exit();
   void exit_untitled();
-  bool definition_stands();
+  static bool definition_stands();
 
   void load_text_cond_grid();
   void load_date_cond_grid();

@@ -1,6 +1,5 @@
 #include <vector>
 
-#include "browser/replace_form.h"
 #include "controls/tree/tree_look.h"
 #include "editor/condition_text.h"
 #include "editor/replace_create.h"
@@ -10,15 +9,14 @@ namespace ta_vorlumine {
 namespace {
 
 using ADODB::sql;
-using platform::form;
 
 std::string text_of(const ADODB::Recordset& row, std::string_view column) {
   return row.Fields().Item(column).Value().text();
 }
 
 std::string field_text(const std::string& field_id) {
-  auto& rows = form<replaceForm>().basRS;
-  rows = form<replaceForm>().conn.Execute(
+  auto& rows = shared().basRS;
+  rows = shared().conn.Execute(
       sql("select field_name from field where field_id='<field_id>'", {field_id}));
   return rows.eof() ? field_id : rows.Fields().Item(0).Value().text();
 }
@@ -26,66 +24,67 @@ std::string field_text(const std::string& field_id) {
 }  // namespace
 
 void replace_create::init_tree() {
-  auto& shared = form<replaceForm>();
-  shared.basNodeKey = "0";
+  auto& state = shared();
+  state.basNodeKey = "0";
   // Read before the tree is emptied: a store that is out of reach leaves it as it was.
-  shared.basCopyRs =
-      shared.conn.Execute(sql("select * from replace_m where replace_no=<f_replace_no> "
-                              "ORDER BY P_REPLACE_M_NO,replace_cond_type,replace_m_no",
-                              {shared.f_replace_no}));
+  state.basCopyRs =
+      state.conn.Execute(sql("select * from replace_m where replace_no=<f_replace_no> "
+                             "ORDER BY P_REPLACE_M_NO,replace_cond_type,replace_m_no",
+                             {state.f_replace_no}));
   const tree_filling filling(SSTree1, ImageList1, "置換条件");
-  shared.atNode = filling.root();
+  state.atNode = filling.root();
   add_rule_nodes();
 }
 
 // Every row that this editor writes comes after its parent. What other programs wrote may not: such
 // rows wait until a parent has come, and those that no parent comes for are left out.
 void replace_create::add_rule_nodes() {
-  auto& cursor = form<replaceForm>().basCopyRs;
+  auto& rows = shared().basCopyRs;
   std::vector<ADODB::Recordset> waiting;
-  for (; !cursor.eof(); cursor.MoveNext()) {
-    if (SSTree1.Nodes.Has(text_of(cursor, "p_replace_m_no"))) {
+  const auto has_parent = [this](const ADODB::Recordset& row) {
+    return SSTree1.Nodes.Has(text_of(row, "p_replace_m_no"));
+  };
+  for (; !rows.eof(); rows.MoveNext()) {
+    if (has_parent(rows)) {
       initone();
     } else {
-      waiting.push_back(cursor);
+      waiting.push_back(rows);
     }
   }
-  const ADODB::Recordset end = cursor;
   for (std::size_t before = 0; before != waiting.size();) {
     before = waiting.size();
     std::erase_if(waiting, [&](const ADODB::Recordset& row) {
-      const bool has_parent = SSTree1.Nodes.Has(text_of(row, "p_replace_m_no"));
-      if (has_parent) {
-        cursor = row;
-        initone();
-      }
-      return has_parent;
+      const bool ready = has_parent(row);
+      if (ready) add_rule_node(row);
+      return ready;
     });
   }
-  cursor = end;
 }
 
 void replace_create::initone() {
-  auto& shared = form<replaceForm>();
-  const ADODB::Recordset& row = shared.basCopyRs;
+  add_rule_node(shared().basCopyRs);
+}
+
+void replace_create::add_rule_node(const ADODB::Recordset& row) {
+  auto& state = shared();
   const std::string use_type = text_of(row, "use_type");
   const std::string parent = text_of(row, "p_replace_m_no");
   const std::string key = text_of(row, "replace_m_no");
   if (use_type == "F") {
-    shared.atNode = SSTree1.Nodes.AddChild(parent, key, field_text(text_of(row, "field_id")));
-    shared.atNode.Image("close");
-    shared.atNode.ExpandedImage("open");
+    state.atNode = SSTree1.Nodes.AddChild(parent, key, field_text(text_of(row, "field_id")));
+    state.atNode.Image("close");
+    state.atNode.ExpandedImage("open");
   } else if (use_type == "C") {
-    shared.atNode = SSTree1.Nodes.AddChild(parent, key, condition_text(row));
-    shared.atNode.Image("cond");
+    state.atNode = SSTree1.Nodes.AddChild(parent, key, condition_text(row));
+    state.atNode.Image("cond");
   } else if (use_type == "R") {
-    shared.atNode = SSTree1.Nodes.AddChild(parent, key, text_of(row, "replace_title"));
-    shared.atNode.Image("val");
+    state.atNode = SSTree1.Nodes.AddChild(parent, key, text_of(row, "replace_title"));
+    state.atNode.Image("val");
   } else {
     return;
   }
-  shared.atNode.parent().Expanded(true);
-  show_as_row(shared.atNode);
+  state.atNode.parent().Expanded(true);
+  show_as_row(state.atNode);
 }
 
 }  // namespace ta_vorlumine

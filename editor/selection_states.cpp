@@ -1,28 +1,23 @@
-#include "browser/replace_form.h"
 #include "editor/replace_create.h"
-#include "rules/vanished_row.h"
+#include "rules/outdated_view.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
-namespace {
 
 using ADODB::sql;
-using platform::form;
-
-}  // namespace
 
 void replace_create::select_node(const Node& node) {
-  auto& shared = form<replaceForm>();
-  shared.basNodeKey = node.Key();
-  shared.tmpNode = node;
-  shared.basRS =
-      shared.conn.Execute(sql("select use_type from replace_m where replace_m_no=<basNodeKey> "
-                              "and replace_no=<f_replace_no>",
-                              {shared.basNodeKey, shared.f_replace_no}));
-  shared.basCopyRs =
-      shared.conn.Execute(sql("select count(*) from replace_m where p_replace_m_no=<basNodeKey> "
-                              "and replace_no=<f_replace_no>",
-                              {shared.basNodeKey, shared.f_replace_no}));
+  auto& state = shared();
+  state.basNodeKey = node.Key();
+  state.tmpNode = node;
+  state.basRS =
+      state.conn.Execute(sql("select use_type from replace_m where replace_m_no=<basNodeKey> "
+                             "and replace_no=<f_replace_no>",
+                             {state.basNodeKey, state.f_replace_no}));
+  state.basCopyRs =
+      state.conn.Execute(sql("select count(*) from replace_m where p_replace_m_no=<basNodeKey> "
+                             "and replace_no=<f_replace_no>",
+                             {state.basNodeKey, state.f_replace_no}));
   enable_for(node);
 }
 
@@ -32,11 +27,11 @@ void replace_create::enable_for(const Node& node) {
     const bool alone = SSTree1.Nodes.Count() == 1;
     return enable(alone, false, alone, false);
   }
-  auto& shared = form<replaceForm>();
-  if (shared.basRS.eof()) throw vanished_row();
-  const std::string use_type = shared.basRS.Fields().Item(0).Value().text();
+  auto& state = shared();
+  if (state.basRS.eof()) throw vanished_row();
+  const std::string use_type = state.basRS.Fields().Item(0).Value().text();
   if (use_type == "C") {
-    const ADODB::Value count = shared.basCopyRs.Fields().Item(0).Value();
+    const ADODB::Value count = state.basCopyRs.Fields().Item(0).Value();
     const bool childless = count.is_null() || count.number() <= 0;
     enable(childless, node.Text() != "以外", childless, true);
   } else if (use_type == "R") {

@@ -1,24 +1,21 @@
-#include "browser/replace_form.h"
 #include "editor/replace_create.h"
 #include "platform/messages.h"
-#include "rules/selected_node.h"
-#include "rules/vanished_row.h"
+#include "rules/row_checks.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
 namespace {
 
 using ADODB::sql;
-using platform::form;
 
 bool is_field_name(const std::string& title) {
-  ADODB::Recordset found = form<replaceForm>().conn.Execute(
+  ADODB::Recordset found = shared().conn.Execute(
       sql("select field_name from field where field_name = '<title>'", {title}));
   return !found.eof();
 }
 
 bool is_title_in_use(const std::string& title) {
-  ADODB::Recordset found = form<replaceForm>().conn.Execute(
+  ADODB::Recordset found = shared().conn.Execute(
       sql("select title from replace where title = '<title>' and kind='C'", {title}));
   return !found.eof();
 }
@@ -27,8 +24,7 @@ bool is_title_in_use(const std::string& title) {
 std::string objection(const std::string& title) {
   if (platform::character_count(title) > 100) return "タイトルが文字列長すぎます";
   if (is_field_name(title)) return "アドレス帳と同じ名称は設定できません。";
-  const std::string& mode = form<replaceForm>().basAU;
-  if ((mode == "5" || mode == "8") && is_title_in_use(title)) {
+  if (shared().mode() != edit_mode::edit_definition && is_title_in_use(title)) {
     return "そのタイトルはすでに使用されています。";
   }
   return {};
@@ -45,7 +41,7 @@ void replace_create::exit() {
   }
   if (Text2.text().empty()) Text2.set_text(" ");
   if (!definition_stands()) return window.unload();
-  form<replaceForm>().conn.Execute(
+  shared().conn.Execute(
       sql("UPDATE replace SET title='<title>',comment='<comment>' where replace_no= "
           "<up_replace_no>",
           {title, Text2.text(), up_replace_no}));
@@ -54,15 +50,12 @@ void replace_create::exit() {
 
 void replace_create::exit_untitled() {
   // After a failure the tree may show less than there is.
-  if (SSTree1.Nodes.Count() >= 2 || has_children("0")) {
+  if (SSTree1.Nodes.Count() >= 2 || has_children(shared().conn, up_replace_no, 0)) {
     platform::message("タイトルを入力してください。");
     return Text1.set_focus();
   }
-  auto& browser = form<replaceForm>();
-  browser.conn.Execute(
+  shared().conn.Execute(
       sql("delete from replace where replace_no=<up_replace_no>", {up_replace_no}));
-  browser.init_form();
-  browser.Init_ToolBar();
   window.unload();
 }
 
@@ -70,7 +63,7 @@ void replace_create::exit_untitled() {
 // it, and the editor ends.
 bool replace_create::definition_stands() {
   try {
-    require_title_row(std::to_string(up_replace_no));
+    require_title_row(shared().conn, shared().f_replace_no);
     return true;
   } catch (const vanished_row& gone) {
     platform::message(gone.what());

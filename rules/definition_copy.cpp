@@ -1,17 +1,17 @@
-#include <algorithm>
-#include <exception>
+#include "rules/definition_copy.h"
 
-#include "browser/replace_form.h"
-#include "editor/replace_create.h"
-#include "rules/new_keys.h"
+#include <algorithm>
+
+#include "rules/key_counters.h"
+#include "rules/outdated_view.h"
+#include "rules/record_values.h"
 #include "rules/statement_template.h"
-#include "rules/vanished_row.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
 namespace {
 
-using platform::form;
+using ADODB::sql;
 
 constexpr auto rule_row =
     "INSERT INTO REPLACE_M ( REPLACE_M_NO, P_REPLACE_M_NO, USE_TYPE, FIELD_ID, REPLACE_COND_TYPE, "
@@ -34,7 +34,7 @@ std::int64_t whole(const ADODB::Recordset& row, const std::string& column) {
 }
 
 std::string value(const ADODB::Recordset& row, const std::string& column) {
-  return replace_create::GetRecordValue(row, column);
+  return GetRecordValue(row, column);
 }
 
 /// A place that takes no empty text: null stays null.
@@ -48,43 +48,16 @@ std::string date_bound(const ADODB::Recordset& line, const std::string& column) 
   return value(line, "use_type") == "D" ? value_or_null(line, column) : "1900/01/01";
 }
 
-}  // namespace
-
 /// One copy on its way: the numbers that it has drawn.
-struct replace_create::copy_numbers {
-  std::int32_t source;
-  std::int64_t definition;
+struct copy_numbers {
+  row_key source;
+  row_key definition;
   std::int64_t offset;
   std::int64_t next_condition;
 };
 
-void replace_create::copy_definition(std::int32_t source) {
-  auto& shared = form<replaceForm>();
-  copy_numbers numbers{source, 0, 0, shared.getfrom_seqno("replace_cond") + 1};
-  const std::int64_t first_rule = shared.getfrom_seqno("replace_m") + 1;
-  ADODB::Recordset rules;
-  rules.Open(ADODB::sql("SELECT * FROM REPLACE_M WHERE REPLACE_NO = <source> ORDER BY REPLACE_M_NO",
-                        {source}),
-             shared.conn);
-  if (!rules.eof()) numbers.offset = first_rule - whole(rules, "REPLACE_M_NO");
-  require_room(rules, numbers);
-  numbers.definition = insert_with_new_key(shared, "replace", [&](std::int16_t key) {
-    copy_replace_row(source, key, static_cast<std::int32_t>(first_rule));
-  });
-  shared.f_replace_no = up_replace_no = static_cast<std::int16_t>(numbers.definition);
-  shared.f_replace_m_no = static_cast<std::int16_t>(first_rule);
-  try {
-    std::int64_t last_rule = 0;
-    for (; !rules.eof(); rules.MoveNext()) last_rule = copy_rule_row(rules, numbers);
-    write_counters(numbers, last_rule);
-  } catch (...) {
-    delete_definition(numbers.definition);
-    throw;
-  }
-}
-
-// Known before anything is written: the highest rule number and the last condition number.
-void replace_create::require_room(ADODB::Recordset rules, const copy_numbers& numbers) {
+/// Known before anything is written: the highest rule number and the last condition number.
+void require_room(ADODB::Recordset rules, const copy_numbers& numbers) {
   std::int64_t next_condition = numbers.next_condition;
   for (; !rules.eof(); rules.MoveNext()) {
     static_cast<void>(checked_key(whole(rules, "REPLACE_M_NO") + numbers.offset));
@@ -93,48 +66,24 @@ void replace_create::require_room(ADODB::Recordset rules, const copy_numbers& nu
   }
 }
 
-void replace_create::copy_replace_row(std::int32_t source, std::int32_t key,
-                                      std::int32_t first_rule) {
+void copy_replace_row(ADODB::Connection& conn, row_key source, row_key key, row_key first_rule) {
   ADODB::Recordset row;
-  row.Open(ADODB::sql("SELECT * FROM REPLACE WHERE REPLACE_NO = <source>", {source}),
-           form<replaceForm>().conn);
+  row.Open(sql("SELECT * FROM REPLACE WHERE REPLACE_NO = <source>", {source}), conn);
   if (row.eof()) throw vanished_row();
-  form<replaceForm>().conn.Execute(fill_template(
+  conn.Execute(fill_template(
       definition_row, {std::to_string(key), value_or_null(row, "P_REPLACE_NO"), value(row, "KIND"),
                        value(row, "TITLE"), value(row, "COMMENT"), std::to_string(first_rule)}));
   row.Close();
 }
 
-// The lines go in before the row that points to them.
-std::int64_t replace_create::copy_rule_row(const ADODB::Recordset& rule, copy_numbers& numbers) {
-  const std::int64_t number = whole(rule, "REPLACE_M_NO") + numbers.offset;
-  const std::int64_t parent = whole(rule, "P_REPLACE_M_NO");
-  std::string condition = value(rule, "REPLACE_COND_NO");
-  if (condition.empty() || condition == "0") {
-    condition = "0";
-  } else {
-    copy_cond_rows(whole(rule, "REPLACE_COND_NO"), numbers);
-    condition = std::to_string(numbers.next_condition++);
-  }
-  form<replaceForm>().conn.Execute(fill_template(
-      rule_row, {std::to_string(number), std::to_string(parent == 0 ? 0 : parent + numbers.offset),
-                 value(rule, "USE_TYPE"), value(rule, "FIELD_ID"),
-                 GetRecordNum(rule, "REPLACE_COND_TYPE"), condition, value(rule, "REPLACE_TITLE"),
-                 value(rule, "REPLACE_TYPE"), value(rule, "R_FIELD_ID"), value(rule, "R_TEXT"),
-                 value(rule, "R_TEXT_FILENAME"), value(rule, "R_IMAGE_FILENAME"),
-                 value(rule, "R_MMEDIA_FILENAME"), std::to_string(numbers.definition)}));
-  return number;
-}
-
 // Condition numbers of two definitions may coincide: only the source's own lines are carried.
-void replace_create::copy_cond_rows(std::int64_t condition, const copy_numbers& numbers) {
+void copy_cond_rows(ADODB::Connection& conn, row_key condition, const copy_numbers& numbers) {
   ADODB::Recordset line;
-  line.Open(
-      ADODB::sql("SELECT * FROM REPLACE_COND WHERE REPLACE_COND_NO = <condition>", {condition}),
-      form<replaceForm>().conn);
+  line.Open(sql("SELECT * FROM REPLACE_COND WHERE REPLACE_COND_NO = <condition>", {condition}),
+            conn);
   for (; !line.eof(); line.MoveNext()) {
     if (whole(line, "REPLACE_NO") != numbers.source) continue;
-    form<replaceForm>().conn.Execute(fill_template(
+    conn.Execute(fill_template(
         line_row, {std::to_string(numbers.next_condition), GetRecordNum(line, "SNO"),
                    value(line, "USE_TYPE"), value_or_null(line, "S_METHOD"), value(line, "S_VAL"),
                    value_or_null(line, "D_F_METHOD"), date_bound(line, "D_F_VAL"),
@@ -146,28 +95,70 @@ void replace_create::copy_cond_rows(std::int64_t condition, const copy_numbers& 
   line.Close();
 }
 
+/// Gives the new row's number. The lines go in before the row that points to them.
+row_key copy_rule_row(ADODB::Connection& conn, const ADODB::Recordset& rule,
+                      copy_numbers& numbers) {
+  const row_key number = whole(rule, "REPLACE_M_NO") + numbers.offset;
+  const row_key parent = whole(rule, "P_REPLACE_M_NO");
+  std::string condition = value(rule, "REPLACE_COND_NO");
+  if (condition.empty() || condition == "0") {
+    condition = "0";
+  } else {
+    copy_cond_rows(conn, whole(rule, "REPLACE_COND_NO"), numbers);
+    condition = std::to_string(numbers.next_condition++);
+  }
+  conn.Execute(fill_template(
+      rule_row, {std::to_string(number), std::to_string(parent == 0 ? 0 : parent + numbers.offset),
+                 value(rule, "USE_TYPE"), value(rule, "FIELD_ID"),
+                 GetRecordNum(rule, "REPLACE_COND_TYPE"), condition, value(rule, "REPLACE_TITLE"),
+                 value(rule, "REPLACE_TYPE"), value(rule, "R_FIELD_ID"), value(rule, "R_TEXT"),
+                 value(rule, "R_TEXT_FILENAME"), value(rule, "R_IMAGE_FILENAME"),
+                 value(rule, "R_MMEDIA_FILENAME"), std::to_string(numbers.definition)}));
+  return number;
+}
+
 // A counter never goes back: another program may have drawn numbers meanwhile.
-void replace_create::write_counters(const copy_numbers& numbers, std::int64_t last_rule) {
-  auto& shared = form<replaceForm>();
+void write_counters(ADODB::Connection& conn, const copy_numbers& numbers, row_key last_rule) {
   const auto write = [&](const char* statement, const char* name, std::int64_t number) {
-    shared.conn.Execute(ADODB::sql(statement, {std::max(number, shared.getfrom_seqno(name))}));
+    conn.Execute(sql(statement, {std::max(number, getfrom_seqno(conn, name))}));
   };
   write("UPDATE SEQNO SET REPLACE = <number>", "replace", numbers.definition);
   if (last_rule != 0) write("UPDATE SEQNO SET REPLACE_M = <number>", "replace_m", last_rule);
   write("UPDATE SEQNO SET REPLACE_COND = <number>", "replace_cond", numbers.next_condition);
 }
 
-// The definition's own row goes last: what could not be deleted before it the user still sees, and
-// can delete.
-void replace_create::delete_definition(std::int64_t definition) {
+}  // namespace
+
+copied_definition copy_definition(ADODB::Connection& conn, row_key source) {
+  const std::int64_t last_title = getfrom_seqno(conn, "replace");
+  copy_numbers numbers{source, 0, 0, getfrom_seqno(conn, "replace_cond") + 1};
+  const row_key first_rule = getfrom_seqno(conn, "replace_m") + 1;
+  ADODB::Recordset rules;
+  rules.Open(
+      sql("SELECT * FROM REPLACE_M WHERE REPLACE_NO = <source> ORDER BY REPLACE_M_NO", {source}),
+      conn);
+  if (!rules.eof()) numbers.offset = first_rule - whole(rules, "REPLACE_M_NO");
+  require_room(rules, numbers);
+  numbers.definition = insert_title_row(
+      conn, last_title, [&](std::int16_t key) { copy_replace_row(conn, source, key, first_rule); });
   try {
-    auto& conn = form<replaceForm>().conn;
-    conn.Execute(
-        ADODB::sql("delete from replace_cond where replace_no=<replace_no>", {definition}));
-    conn.Execute(ADODB::sql("delete from replace_m where replace_no=<replace_no>", {definition}));
-    conn.Execute(ADODB::sql("Delete from replace where replace_no=<replace_no>", {definition}));
-  } catch (const std::exception&) {
-    // The failure that led here is the one to tell.
+    row_key last_rule = 0;
+    for (; !rules.eof(); rules.MoveNext()) last_rule = copy_rule_row(conn, rules, numbers);
+    write_counters(conn, numbers, last_rule);
+  } catch (...) {
+    discard_definition(conn, numbers.definition);
+    throw;
+  }
+  return {checked_key(numbers.definition), static_cast<std::int16_t>(first_rule)};
+}
+
+void discard_definition(ADODB::Connection& conn, row_key replace_no) noexcept {
+  try {
+    conn.Execute(sql("delete from replace_cond where replace_no=<replace_no>", {replace_no}));
+    conn.Execute(sql("delete from replace_m where replace_no=<replace_no>", {replace_no}));
+    conn.Execute(sql("Delete from replace where replace_no=<replace_no>", {replace_no}));
+  } catch (...) {
+    // Called after a failure, which is the one to tell.
   }
 }
 

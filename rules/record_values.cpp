@@ -1,6 +1,6 @@
 #include <exception>
 
-#include "editor/replace_create.h"
+#include "rules/record_values.h"
 
 namespace ta_vorlumine {
 namespace {
@@ -13,7 +13,7 @@ std::string doubled(const std::string& text) {
 
 }  // namespace
 
-std::string replace_create::GetRecordValue(const ADODB::Recordset& rs, const std::string& fid) {
+std::string GetRecordValue(const ADODB::Recordset& rs, const std::string& fid) {
   try {
     return doubled(rs.Fields().Item(fid).Value().text());
   } catch (const std::exception&) {
@@ -21,7 +21,7 @@ std::string replace_create::GetRecordValue(const ADODB::Recordset& rs, const std
   }
 }
 
-std::string replace_create::GetRecordNum(const ADODB::Recordset& rs, const std::string& fid) {
+std::string GetRecordNum(const ADODB::Recordset& rs, const std::string& fid) {
   try {
     const ADODB::Value value = rs.Fields().Item(fid).Value();
     return value.is_null() ? "0" : value.text();

@@ -1,11 +1,8 @@
 #include "values/set_value.h"
 
-#include "editor/replace_create.h"
-
 namespace ta_vorlumine {
 
 using platform::column;
-using platform::form;
 using platform::row;
 
 set_value::set_value()
@@ -36,10 +33,6 @@ set_value::set_value()
 
 void set_value::connect() {
   window.on_load = [this] { load(); };
-  window.on_unload = [] {
-    form<replace_create>().init_tree();
-    form<replace_create>().Init_ToolBar();
-  };
   for (platform::OptionButton* option : Option1) option->on_click = [this] { option_selected(); };
   for (std::size_t kind = 0; kind < boxes_.size(); ++kind) {
     boxes_[kind]->on_change = [this, kind] { text_changed(kind); };

@@ -18,7 +18,7 @@
 namespace ta_vorlumine {
 
 /// The dialog of one value of the rule tree. It changes the value that is selected, or adds one
-/// below the selected node. Its end has the editor build the tree anew.
+/// below the selected node.
 class set_value {
  public:
   set_value();
@@ -53,7 +53,6 @@ class set_value {
 
   void load();
   void name_controls();
-  void fill_fields();
   void show_value(const ADODB::Fields& row);
 
   void option_selected();

@@ -1,8 +1,8 @@
-#include "browser/replace_form.h"
-#include "editor/replace_create.h"
 #include "platform/messages.h"
-#include "rules/new_keys.h"
-#include "rules/selected_node.h"
+#include "rules/field_list.h"
+#include "rules/key_counters.h"
+#include "rules/row_checks.h"
+#include "rules/shared_state.h"
 #include "store/sql.h"
 #include "values/set_value.h"
 
@@ -10,47 +10,38 @@ namespace ta_vorlumine {
 namespace {
 
 using ADODB::sql;
-using platform::form;
 
 constexpr std::array<const char*, value_kinds> type_letters{"S", "T", "I", "M", "F"};
 constexpr std::array<const char*, 4> columns{"r_text", "r_text_filename", "r_image_filename",
                                              "r_mmedia_filename"};
 
 void write(const value_entry& value, std::int64_t last_number) {
-  auto& shared = form<replaceForm>();
-  if (form<replace_create>().r_value == 1) {
-    require_selected_node();
-    shared.conn.Execute(update_statement(value, shared.basNodeKey, shared.f_replace_no));
+  auto& state = shared();
+  if (shared().r_value == 1) {
+    require_rule_row(state.conn, state.f_replace_no, state.selected_key());
+    state.conn.Execute(update_statement(value, state.basNodeKey, state.f_replace_no));
     return;
   }
-  require_free_place();
-  insert_with_new_key(shared, "replace_m", last_number, [&](std::int16_t key) {
-    shared.conn.Execute(insert_statement(value, key, shared.basNodeKey, shared.f_replace_no));
+  require_empty_branch(state.conn, state.f_replace_no, state.selected_key());
+  insert_rule_row(state.conn, state.f_replace_no, last_number, [&](std::int16_t key) {
+    state.conn.Execute(insert_statement(value, key, state.basNodeKey, state.f_replace_no));
   });
-  shared.update_seqno("replace_m");
+  update_seqno(state.conn, "replace_m");
 }
 
 }  // namespace
 
 void set_value::load() {
   name_controls();
-  fill_fields();
-  auto& shared = form<replaceForm>();
-  shared.basRS = shared.conn.Execute(
+  fill_field_list(Combo1);
+  auto& state = shared();
+  state.basRS = state.conn.Execute(
       sql("select * from replace_m where replace_no=<f_replace_no> and replace_m_no=<basNodeKey> "
           "and use_type='R'",
-          {shared.f_replace_no, shared.basNodeKey}));
-  form<replace_create>().r_value = shared.basRS.eof() ? 0 : 1;
-  if (shared.basRS.eof()) return text_option.select();
-  show_value(shared.basRS.Fields());
-}
-
-void set_value::fill_fields() {
-  Combo1.Clear();
-  auto& rows = form<replaceForm>().basRS;
-  rows = form<replaceForm>().conn.Execute("select field_id,field_name from field");
-  for (; !rows.eof(); rows.MoveNext()) Combo1.AddItem(rows.Fields().Item(1).Value().text());
-  rows.Close();
+          {state.f_replace_no, state.basNodeKey}));
+  shared().r_value = state.basRS.eof() ? 0 : 1;
+  if (state.basRS.eof()) return text_option.select();
+  show_value(state.basRS.Fields());
 }
 
 // The option goes first: selecting it empties the inputs. A type that no option stands for leaves
@@ -80,7 +71,7 @@ void set_value::ok() {
     title_txt.set_enabled(true);
     return title_txt.set_focus();
   }
-  const std::int64_t last_number = form<replaceForm>().getfrom_seqno("replace_m");
+  const std::int64_t last_number = getfrom_seqno(shared().conn, "replace_m");
   const auto kind = selected_kind();
   if (!kind) return platform::message("置換値が必須です。");
   if (!has_content(*kind)) return;
@@ -100,7 +91,7 @@ bool set_value::has_content(value_kind kind) {
     platform::message("フィールドを選択してください。");
     return false;
   }
-  if (form<replace_create>().r_value != 1 || !boxes_[kind]->text().empty()) return true;
+  if (shared().r_value != 1 || !boxes_[kind]->text().empty()) return true;
   platform::message("置換値が必須です。");
   boxes_[kind]->set_focus();
   return false;
@@ -109,8 +100,8 @@ bool set_value::has_content(value_kind kind) {
 // The field is looked up by the title, which a user may have changed: no field then.
 std::string set_value::content(value_kind kind, const std::string& title) {
   if (kind != field_value) return boxes_[kind]->text();
-  auto& rows = form<replaceForm>().basRS;
-  rows = form<replaceForm>().conn.Execute(
+  auto& rows = shared().basRS;
+  rows = shared().conn.Execute(
       sql("select field_id from field where field_name='<title_txt>'", {title}));
   return rows.eof() ? std::string() : rows.Fields().Item(0).Value().text();
 }

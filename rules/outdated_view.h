@@ -1,7 +1,6 @@
 #pragma once
 
 #include <stdexcept>
-#include <string>
 
 namespace ta_vorlumine {
 
@@ -19,7 +18,12 @@ class vanished_row : public outdated_view {
       : outdated_view("対象の行は他のプログラムによって削除されています。一覧を読み直します。") {}
 };
 
-/// Raises vanished_row unless `replace` holds the row.
-void require_title_row(const std::string& replace_no);
+/// A second child was about to go where the rule tree takes only one.
+class occupied_branch : public outdated_view {
+ public:
+  occupied_branch()
+      : outdated_view(
+            "この位置には項目または置換値がすでに設定されています。一覧を読み直します。") {}
+};
 
 }  // namespace ta_vorlumine

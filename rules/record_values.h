@@ -1,0 +1,15 @@
+#pragma once
+
+#include <string>
+
+#include "store/recordset.h"
+
+namespace ta_vorlumine {
+
+/// A column as text for a quoted place, each "'" doubled; empty for null and on any failure.
+[[nodiscard]] std::string GetRecordValue(const ADODB::Recordset& rs, const std::string& fid);
+
+/// A column as text for an unquoted place; "0" for null and on any failure.
+[[nodiscard]] std::string GetRecordNum(const ADODB::Recordset& rs, const std::string& fid);
+
+}  // namespace ta_vorlumine
