@@ -1,10 +1,11 @@
 #include "browser/replace_folder.h"
 
 #include "browser/replace_form.h"
-#include "controls/tree/tree_look.h"
+#include "controls/tree/tree_filling.h"
 #include "platform/messages.h"
 #include "rules/key_counters.h"
 #include "rules/row_checks.h"
+#include "rules/text_limits.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -35,7 +36,7 @@ void replaceFolder::ok() {
     platform::message("フォルダが必須です。");
     return Text1.set_focus();
   }
-  if (platform::character_count(name) > 100) {
+  if (platform::character_count(name) > longest_text) {
     return platform::message("タイトルが文字列長すぎます");
   }
   try {

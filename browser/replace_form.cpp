@@ -1,6 +1,6 @@
 #include "browser/replace_form.h"
 
-#include "controls/tree/tree_keys.h"
+#include "controls/tree/swallowed_keys.h"
 
 namespace ta_vorlumine {
 

@@ -1,7 +1,7 @@
 #include <exception>
 
 #include "browser/replace_form.h"
-#include "controls/tree/tree_look.h"
+#include "controls/tree/tree_filling.h"
 #include "platform/messages.h"
 #include "store/sql.h"
 

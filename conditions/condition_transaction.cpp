@@ -3,6 +3,7 @@
 #include <exception>
 
 #include "rules/shared_state.h"
+#include "rules/with_undo.h"
 
 namespace ta_vorlumine {
 namespace {
@@ -20,17 +21,7 @@ void condition_transaction::run(const std::function<void()>& work) {
   // After a lost connection the dialog may stand here without a transaction; writing without one
   // would make its deletes final.
   if (!shared().conn.in_transaction()) begin();
-  try {
-    run_while_stale(work);
-  } catch (...) {
-    const std::exception_ptr first = std::current_exception();
-    try {
-      begin_anew(ADODB::purpose::looking);
-    } catch (const std::exception&) {
-      // The next run begins; the first failure is the one to tell.
-    }
-    std::rethrow_exception(first);
-  }
+  with_undo([&] { run_while_stale(work); }, [] { begin_anew(ADODB::purpose::looking); });
 }
 
 void condition_transaction::run_while_stale(const std::function<void()>& work) {

@@ -2,6 +2,7 @@
 
 #include "platform/messages.h"
 #include "platform/text_box.h"
+#include "rules/text_limits.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -23,8 +24,7 @@ std::string insert(const line_cells& row) {
 }
 
 void validate(VSFlexGrid& fg, int col, bool& cancel) {
-  if (col != value || platform::character_count(fg.EditText()) <= r_text_cond::longest_value)
-    return;
+  if (col != value || platform::character_count(fg.EditText()) <= longest_text) return;
   platform::message("条件名が文字列長すぎます");
   cancel = true;
 }

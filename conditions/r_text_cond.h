@@ -7,8 +7,6 @@ namespace ta_vorlumine {
 /// The lines of a text condition: values to compare with, each with a way of comparing.
 class r_text_cond {
  public:
-  static constexpr int longest_value = 100;  ///< in characters
-
   r_text_cond();
 
   condition_dialog dialog;

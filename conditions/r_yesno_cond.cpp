@@ -4,6 +4,7 @@
 #include "platform/messages.h"
 #include "rules/row_checks.h"
 #include "rules/shared_state.h"
+#include "rules/with_undo.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -48,12 +49,9 @@ void r_yesno_cond::load() {
   for (const char* entry : {nothing_chosen, "はい", "いいえ"}) Combo1.AddItem(entry);
   Combo1.select(nothing_chosen);
   transaction_.begin();
-  try {
-    transaction_.run([this] { read_answer(); });
-  } catch (...) {
-    transaction_.end();  // a form that fails to load is never unloaded
-    throw;
-  }
+  // A form that fails to load is never unloaded.
+  with_undo([this] { transaction_.run([this] { read_answer(); }); },
+            [this] { transaction_.end(); });
 }
 
 void r_yesno_cond::read_answer() {

@@ -1,4 +1,4 @@
-#include "controls/tree/tree_look.h"
+#include "controls/tree/tree_filling.h"
 #include "editor/replace_create.h"
 #include "rules/branch_deletion.h"
 #include "rules/condition_rows.h"

@@ -1,10 +1,10 @@
-#include <exception>
-
 #include "conditions/r_date_cond.h"
 #include "conditions/r_number_cond.h"
 #include "conditions/r_text_cond.h"
 #include "conditions/r_yesno_cond.h"
 #include "editor/replace_create.h"
+#include "rules/text_limits.h"
+#include "rules/with_undo.h"
 
 namespace ta_vorlumine {
 namespace {
@@ -16,26 +16,21 @@ using platform::form;
 template <class Fill>
 void show_with_field(platform::Form& window, platform::Label& label, Fill fill) {
   label.set_caption(shared().f_fieldname);
-  try {
-    fill();
-  } catch (...) {
-    window.unload();
-    throw;
-  }
+  with_undo(fill, [&] { window.unload(); });
   window.show();
 }
 
-void show_lines(condition_dialog& dialog, int longest_text) {
+void show_lines(condition_dialog& dialog, int longest) {
   show_with_field(dialog.window, dialog.Label1, [&] {
     dialog.load_lines();
-    dialog.fg.EditMaxLength(longest_text);
+    dialog.fg.EditMaxLength(longest);
   });
 }
 
 }  // namespace
 
 void replace_create::load_text_cond_grid() {
-  show_lines(form<r_text_cond>().dialog, f_attr == "T" ? r_text_cond::longest_value : 0);
+  show_lines(form<r_text_cond>().dialog, f_attr == "T" ? static_cast<int>(longest_text) : 0);
 }
 
 void replace_create::load_date_cond_grid() {

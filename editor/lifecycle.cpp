@@ -2,6 +2,7 @@
 #include "platform/busy_pointer.h"
 #include "rules/definition_copy.h"
 #include "rules/outdated_view.h"
+#include "rules/with_undo.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -17,15 +18,12 @@ void replace_create::load() {
     state.f_replace_no = copy.replace_no;
     state.f_replace_m_no = copy.replace_m_no;
   }
-  try {
-    open_definition();
-  } catch (...) {
-    // Without its editor a new definition has no title, and a copy that of its source.
-    if (state.mode() != edit_mode::edit_definition) {
-      discard_definition(state.conn, state.f_replace_no);
-    }
-    throw;
-  }
+  with_undo([this] { open_definition(); },
+            [&] {
+              // Without its editor a new definition has no title, and a copy that of its source.
+              if (state.mode() == edit_mode::edit_definition) return;
+              discard_definition(state.conn, state.f_replace_no);
+            });
 }
 
 void replace_create::open_definition() {

@@ -1,6 +1,6 @@
 #include "editor/replace_create.h"
 
-#include "controls/tree/tree_keys.h"
+#include "controls/tree/swallowed_keys.h"
 
 namespace ta_vorlumine {
 

@@ -86,10 +86,10 @@ class replace_create {
   void addr_set();
   void cond_val_set();
   void cond_set();
-  void prepare_existing_condition(const ADODB::Recordset& row);
-  [[nodiscard]] std::int16_t prepare_new_condition();
+  static void read_children();
+  void mend_lone_condition();
   [[nodiscard]] bool read_field_attr();
-  void reuse_yesno_number(const ADODB::Recordset& row, std::int16_t first_cond_no);
+  void reuse_yesno_number(std::int16_t selected, std::int16_t first);
   void set_next_line_number();
   void open_condition_dialog();
 

@@ -22,6 +22,15 @@ std::int16_t line_number(const ADODB::Recordset& row) {
   return number.is_null() ? std::int16_t{0} : static_cast<std::int16_t>(number.number());
 }
 
+/// The number of the first condition among the rows, 0 if there is none. The otherwise branch,
+/// which has no lines, may come before it.
+std::int16_t first_line_number(ADODB::Recordset rows) {
+  for (; !rows.eof(); rows.MoveNext()) {
+    if (const std::int16_t number = line_number(rows); number != 0) return number;
+  }
+  return 0;
+}
+
 }  // namespace
 
 void replace_create::addr_set() {
@@ -44,43 +53,38 @@ void replace_create::cond_set() {
           {state.f_replace_no, state.basNodeKey}));
   if (state.basCopyRs.eof()) throw vanished_row();
   const ADODB::Recordset row = state.basCopyRs;
-  std::int16_t first_cond_no = 0;
-  if (column(row, "use_type").text() == "C") {
-    prepare_existing_condition(row);
+  f_cond_value = column(row, "use_type").text() == "C" ? 1 : 0;
+  if (f_cond_value == 1) {
+    f_replace_cond_no = line_number(row);
+    f_fieldname = state.tmpNode.parent().Text();
   } else {
-    first_cond_no = prepare_new_condition();
+    f_replace_cond_no = free_condition_number(state.conn, state.f_replace_no);
+    f_fieldname = state.tmpNode.Text();
+    read_children();
+    mend_lone_condition();
   }
+  const std::int16_t first = f_cond_value == 1 ? std::int16_t{0} : first_line_number(state.basRS);
   if (!read_field_attr()) return;
-  if (f_attr == "B") reuse_yesno_number(row, first_cond_no);
+  if (f_attr == "B") reuse_yesno_number(line_number(row), first);
   state.basCopyRs.Close();
   set_next_line_number();
   open_condition_dialog();
 }
 
-void replace_create::prepare_existing_condition(const ADODB::Recordset& row) {
-  f_cond_value = 1;
-  f_replace_cond_no = line_number(row);
-  f_fieldname = shared().tmpNode.parent().Text();
-}
-
-/// Gives the number of the field's first condition, 0 if it has none. The otherwise branch, which
-/// has no lines, may come before it.
-std::int16_t replace_create::prepare_new_condition() {
+// The children of the selected field.
+void replace_create::read_children() {
   auto& state = shared();
-  f_cond_value = 0;
-  f_fieldname = state.tmpNode.Text();
-  f_replace_cond_no = free_condition_number(state.conn, state.f_replace_no);
   state.basRS = state.conn.Execute(
       sql("select * from replace_m where replace_no=<f_replace_no> and p_replace_m_no=<basNodeKey>",
           {state.f_replace_no, state.basNodeKey}));
-  std::int16_t first = 0;
-  for (; !state.basRS.eof() && first == 0; state.basRS.MoveNext()) {
-    first = line_number(state.basRS);
-  }
-  const Node child = state.tmpNode.Child();
-  const bool lone = state.basRS.RecordCount() == 1;
+}
+
+// A field with one ordinary condition and nothing beside it gets the otherwise branch that it
+// lacks.
+void replace_create::mend_lone_condition() {
+  const Node child = shared().tmpNode.Child();
+  const bool lone = shared().basRS.RecordCount() == 1;
   if (lone && (child.is_empty() || child.Text() != "以外")) ins_yiwai();
-  return first;
 }
 
 // The look-up takes the name as it is, so one with an apostrophe has no statement to go into.
@@ -102,12 +106,12 @@ bool replace_create::read_field_attr() {
   return true;
 }
 
-// A yes/no field has one condition, which is opened again.
-void replace_create::reuse_yesno_number(const ADODB::Recordset& row, std::int16_t first_cond_no) {
-  if (line_number(row) > 0) {
-    f_replace_cond_no = line_number(row);
-  } else if (first_cond_no > 0) {
-    f_replace_cond_no = first_cond_no;
+// A yes/no field has one condition, which is opened again: the selected one, or the field's first.
+void replace_create::reuse_yesno_number(std::int16_t selected, std::int16_t first) {
+  if (selected > 0) {
+    f_replace_cond_no = selected;
+  } else if (first > 0) {
+    f_replace_cond_no = first;
   }
 }
 

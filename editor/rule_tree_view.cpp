@@ -1,6 +1,6 @@
 #include <vector>
 
-#include "controls/tree/tree_look.h"
+#include "controls/tree/tree_filling.h"
 #include "editor/condition_text.h"
 #include "editor/replace_create.h"
 #include "store/sql.h"

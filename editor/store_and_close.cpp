@@ -1,6 +1,7 @@
 #include "editor/replace_create.h"
 #include "platform/messages.h"
 #include "rules/row_checks.h"
+#include "rules/text_limits.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -22,7 +23,7 @@ bool is_title_in_use(const std::string& title) {
 
 /// What is wrong with a title, empty if nothing is.
 std::string objection(const std::string& title) {
-  if (platform::character_count(title) > 100) return "タイトルが文字列長すぎます";
+  if (platform::character_count(title) > longest_text) return "タイトルが文字列長すぎます";
   if (is_field_name(title)) return "アドレス帳と同じ名称は設定できません。";
   if (shared().mode() != edit_mode::edit_definition && is_title_in_use(title)) {
     return "そのタイトルはすでに使用されています。";

@@ -6,6 +6,7 @@
 #include "rules/outdated_view.h"
 #include "rules/record_values.h"
 #include "rules/statement_template.h"
+#include "rules/with_undo.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -141,25 +142,20 @@ copied_definition copy_definition(ADODB::Connection& conn, row_key source) {
   require_room(rules, numbers);
   numbers.definition = insert_title_row(
       conn, last_title, [&](std::int16_t key) { copy_replace_row(conn, source, key, first_rule); });
-  try {
-    row_key last_rule = 0;
-    for (; !rules.eof(); rules.MoveNext()) last_rule = copy_rule_row(conn, rules, numbers);
-    write_counters(conn, numbers, last_rule);
-  } catch (...) {
-    discard_definition(conn, numbers.definition);
-    throw;
-  }
+  with_undo(
+      [&] {
+        row_key last_rule = 0;
+        for (; !rules.eof(); rules.MoveNext()) last_rule = copy_rule_row(conn, rules, numbers);
+        write_counters(conn, numbers, last_rule);
+      },
+      [&] { discard_definition(conn, numbers.definition); });
   return {checked_key(numbers.definition), static_cast<std::int16_t>(first_rule)};
 }
 
-void discard_definition(ADODB::Connection& conn, row_key replace_no) noexcept {
-  try {
-    conn.Execute(sql("delete from replace_cond where replace_no=<replace_no>", {replace_no}));
-    conn.Execute(sql("delete from replace_m where replace_no=<replace_no>", {replace_no}));
-    conn.Execute(sql("Delete from replace where replace_no=<replace_no>", {replace_no}));
-  } catch (...) {
-    // Called after a failure, which is the one to tell.
-  }
+void discard_definition(ADODB::Connection& conn, row_key replace_no) {
+  conn.Execute(sql("delete from replace_cond where replace_no=<replace_no>", {replace_no}));
+  conn.Execute(sql("delete from replace_m where replace_no=<replace_no>", {replace_no}));
+  conn.Execute(sql("Delete from replace where replace_no=<replace_no>", {replace_no}));
 }
 
 }  // namespace ta_vorlumine

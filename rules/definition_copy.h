@@ -17,7 +17,7 @@ struct copied_definition {
 copied_definition copy_definition(ADODB::Connection& conn, row_key source);
 
 /// Deletes a definition with its rule rows and lines, the definition's own row last: what could not
-/// be deleted before it the user still sees, and can delete. Raises nothing.
-void discard_definition(ADODB::Connection& conn, row_key replace_no) noexcept;
+/// be deleted before it the user still sees, and can delete.
+void discard_definition(ADODB::Connection& conn, row_key replace_no);
 
 }  // namespace ta_vorlumine

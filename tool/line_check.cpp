@@ -1,12 +1,13 @@
 #include <map>
 #include <utility>
 
+#include "rules/text_limits.h"
 #include "tool/rule_check.h"
 
 namespace rule_store {
 namespace {
 
-constexpr std::size_t longest_text = 100;
+using ta_vorlumine::longest_text;
 
 /// What the lines of a condition have to fit.
 struct tested_field {

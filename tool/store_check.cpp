@@ -2,13 +2,14 @@
 
 #include <algorithm>
 
+#include "rules/text_limits.h"
 #include "tool/faults.h"
 #include "tool/rule_check.h"
 
 namespace rule_store {
 namespace {
 
-constexpr std::size_t longest_title = 100;
+using ta_vorlumine::longest_text;
 
 void check_parent(const title_row& row, const store_rows& rows, fault_list& faults) {
   if (row.parent == 0) return;
@@ -28,7 +29,7 @@ void check_titles(const store_rows& rows, fault_list& faults) {
       faults.add("replace", {row.no}, "unknown kind \"" + row.kind + "\"");
     }
     const std::size_t length = length_of(row.title.text());
-    if (length > longest_title) {
+    if (length > longest_text) {
       faults.add("replace", {row.no}, "a title of " + std::to_string(length) + " characters");
     }
     check_parent(row, rows, faults);

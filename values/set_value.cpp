@@ -5,22 +5,30 @@ namespace ta_vorlumine {
 using platform::column;
 using platform::row;
 
+namespace {
+
+using captions = std::array<const char*, value_kinds>;
+
+constexpr captions kinds{"ﾃｷｽﾄ", "ﾃｷｽﾄﾌｧｲﾙ", "画像ﾌｧｲﾙ", "ﾏﾙﾁﾒﾃﾞｨｱﾌｧｲﾙ", "ｱﾄﾞﾚｽ帳項目"};
+
+}  // namespace
+
 set_value::set_value()
     : Label1(window, "Label1", "タイトル", &title_txt),
       title_txt(window, "title_txt"),
       Label2(window, "Label2", "置換値にアドレス帳項目が選択された場合、自動的に設定されます。"),
-      text_option(window, "Option1(0)", "ﾃｷｽﾄ"),
+      text_option(window, "Option1(0)", kinds[text_value]),
       Text1(window, "Text1", platform::TextBox::lines::several),
-      text_file_option(window, "Option1(1)", "ﾃｷｽﾄﾌｧｲﾙ"),
+      text_file_option(window, "Option1(1)", kinds[text_file_value]),
       Text2(window, "Text2"),
       Command3(window, "Command3", "..."),
-      image_file_option(window, "Option1(2)", "画像ﾌｧｲﾙ"),
+      image_file_option(window, "Option1(2)", kinds[image_file_value]),
       Text3(window, "Text3"),
       Command4(window, "Command4", "..."),
-      multimedia_file_option(window, "Option1(3)", "ﾏﾙﾁﾒﾃﾞｨｱﾌｧｲﾙ"),
+      multimedia_file_option(window, "Option1(3)", kinds[multimedia_file_value]),
       Text4(window, "Text4"),
       Command5(window, "Command5", "..."),
-      field_option(window, "Option1(4)", "ｱﾄﾞﾚｽ帳項目"),
+      field_option(window, "Option1(4)", kinds[field_value]),
       Combo1(window, "Combo1"),
       Command1(window, "Command1", "OK"),
       Command2(window, "Command2", "ｷｬﾝｾﾙ") {
@@ -53,14 +61,14 @@ void set_value::connect() {
 
 // The boxes bear no labels of their own for a screen reader to say.
 void set_value::name_controls() {
-  Text1.set_accessible_name("ﾃｷｽﾄ");
-  Text2.set_accessible_name("ﾃｷｽﾄﾌｧｲﾙ");
-  Text3.set_accessible_name("画像ﾌｧｲﾙ");
-  Text4.set_accessible_name("ﾏﾙﾁﾒﾃﾞｨｱﾌｧｲﾙ");
-  Combo1.set_accessible_name("ｱﾄﾞﾚｽ帳項目");
-  Command3.set_accessible_name("ﾃｷｽﾄﾌｧｲﾙの参照");
-  Command4.set_accessible_name("画像ﾌｧｲﾙの参照");
-  Command5.set_accessible_name("ﾏﾙﾁﾒﾃﾞｨｱﾌｧｲﾙの参照");
+  for (std::size_t kind = 0; kind < boxes_.size(); ++kind) {
+    boxes_[kind]->set_accessible_name(kinds[kind]);
+  }
+  Combo1.set_accessible_name(kinds[field_value]);
+  std::size_t kind = text_file_value;
+  for (platform::CommandButton* browse : {&Command3, &Command4, &Command5}) {
+    browse->set_accessible_name(std::string(kinds[kind++]) + "の参照");
+  }
 }
 
 std::optional<value_kind> set_value::selected_kind() {

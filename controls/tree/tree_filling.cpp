@@ -1,4 +1,4 @@
-#include "controls/tree/tree_look.h"
+#include "controls/tree/tree_filling.h"
 
 namespace ta_vorlumine {
 namespace {
