@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "trial.h"
+#include "fault_trial.h"
 
 using namespace harness;
 
@@ -17,7 +17,7 @@ struct lag {
 const std::vector<lag> lags = {
     {"new folder", "replace=29", "1"},
     {"new definition", "replace=31", "1"},
-    {"copy", "replace=31,replace_m=12,replace_cond=0", "33"},
+    {"copy", "replace=31,replace_m=12,replace_cond=0", "34"},
     {"new field", "replace_m=12", "1"},
     {"new value", "replace_m=12", "1"},
     {"new condition", "replace_m=12,replace_cond=0", "1"},
@@ -34,11 +34,11 @@ TEST(Counters, BehindTheirTablesHealWithTheNextCommand) {
   for (const lag& lag : lags) {
     SCOPED_TRACE(lag.command);
     const auto& command = *std::ranges::find(commands, lag.command, &swept_command::name);
-    trial untroubled(store, none);
-    untroubled.play(command, 0);
-    trial behind(store, none);
+    fault_trial untroubled(store, none);
+    untroubled.play_command(command, 0);
+    fault_trial behind(store, none);
     store->run("update seqno set " + lag.counters);
-    behind.play(command, 0);
+    behind.play_command(command, 0);
     EXPECT_EQ(behind.way, untroubled.way);
     EXPECT_EQ(behind.after.size(), untroubled.after.size());
     EXPECT_EQ(behind.shape, std::vector<std::string>());

@@ -5,10 +5,10 @@
 #include <cstdio>
 #include <memory>
 
+#include "fault_trial.h"
 #include "full_disk.h"
 #include "statement_faults.h"
 #include "swept_commands.h"
-#include "trial.h"
 #include "wire_faults.h"
 
 using namespace harness;
@@ -20,7 +20,7 @@ bool holds_all(const rows& some, const rows& all) {
   return std::ranges::includes(all, some);
 }
 
-void judge(const swept_command& command, const trial& trial, const rows& wanted) {
+void judge(const swept_command& command, const fault_trial& trial, const rows& wanted) {
   // The selection goes on past what it cannot read, and what a lost connection held open is taken
   // back in any case.
   const bool may_be_silent =
@@ -41,10 +41,10 @@ void judge(const swept_command& command, const trial& trial, const rows& wanted)
 
 /// What a user gets who has tried again. What can't be written can't be taken back either: such a
 /// copy stays as far as it came, under its own key.
-void judge_end(const swept_command& command, const trial& trial, const rows& wanted,
+void judge_end(const swept_command& command, const fault_trial& trial, const rows& wanted,
                bool hinders_repair) {
   const auto is_left_copy = [](const std::string& fault) {
-    return fault.find(" 33/") != fault.npos;
+    return fault.find(" 34/") != fault.npos;
   };
   if (command.takes_rows_away) {
     EXPECT_TRUE(holds_all(wanted, trial.after));
@@ -90,13 +90,13 @@ class FaultSweep : public testing::TestWithParam<std::tuple<swept_command, troub
 TEST_P(FaultSweep, EachOccasionInTurn) {
   const auto& [command, trouble] = GetParam();
   std::optional<test_store> store;
-  trial untroubled(store, trouble);
-  untroubled.play(command, 0);
+  fault_trial untroubled(store, trouble);
+  untroubled.play_command(command, 0);
   const rows& wanted = untroubled.after;
   int tried = 0;
   for (int number = 1;; ++number) {
-    trial patient(store, trouble);
-    patient.play(command, number);
+    fault_trial patient(store, trouble);
+    patient.play_command(command, number);
     if (!patient.was_reached) break;
     if (patient.failed.empty()) continue;
     SCOPED_TRACE(std::to_string(number) + ": " + patient.failed);
@@ -104,8 +104,8 @@ TEST_P(FaultSweep, EachOccasionInTurn) {
     judge(command, patient, wanted);
     judge_end(command, patient, wanted, trouble.lasts || trouble.loses_answers);
     if (!trouble.lasts) continue;
-    trial leaving(store, trouble);
-    leaving.play(command, number, false);
+    fault_trial leaving(store, trouble);
+    leaving.play_command(command, number, false);
     judge(command, leaving, wanted);
   }
   EXPECT_GT(tried, 0);

@@ -2,7 +2,7 @@
 
 #include <QApplication>
 
-#include "walks.h"
+#include "random_walk.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "harness.h"
+#include "test_store.h"
 
 namespace harness {
 

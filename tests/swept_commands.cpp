@@ -1,77 +1,59 @@
 #include "swept_commands.h"
 
-#include <QApplication>
-#include <QInputMethodEvent>
 #include <QTableView>
 #include <QTest>
 
-#include "harness.h"
+#include "user.h"
 
 namespace harness {
 namespace {
 
-using deed = std::function<void()>;
+using step = std::function<void()>;
 
 // A selection that could not be read leaves its buttons off: it is made again.
-deed at(const std::string& node, const std::string& button) {
+step at(const std::string& node, const std::string& button) {
   return [=] {
     click_node(node);
     if (is_enabled(button)) press(button);
   };
 }
 
-deed fill(const std::string& box, const std::string& text, const std::string& button) {
+step fill(const std::string& box, const std::string& text, const std::string& button) {
   return [=] {
     type(box, text);
     press(button);
   };
 }
 
-deed pick(const std::string& entry) {
+step pick(const std::string& entry) {
   return [=] {
     choose("Combo1", entry);
     press("Command1");
   };
 }
 
-deed drop(const std::string& source, const std::string& target) {
+step drop(const std::string& source, const std::string& target) {
   return [=] { drag_node(source, target); };
 }
 
-void put(int column, const std::string& text) {
-  auto& grid = *top_window().findChild<QTableView*>("fg");
-  // A grid that has lost its rows gets one by a click.
-  if (grid.model()->rowCount() == 0) QTest::mouseClick(grid.viewport(), Qt::LeftButton);
-  grid.setFocus();
-  grid.setCurrentIndex(grid.model()->index(0, column));
-  QWidget* const focused = QApplication::focusWidget();
-  // A message came up meanwhile: the next try fills the cell.
-  if (focused == nullptr) return;
-  QInputMethodEvent composed;
-  composed.setCommitString(QString::fromStdString(text));
-  const bool is_list = column % 2 == 0;
-  is_list ? QTest::keyClicks(focused, text.c_str())
-          : void(QApplication::sendEvent(focused, &composed));
-  key(Qt::Key_Return);
-}
-
-deed line(const std::string& value) {
+step line(const std::string& value) {
   return [=] {
-    put(5, value);
-    put(6, "1");
+    // A grid that has lost its rows gets one by a click.
+    if (grid().model()->rowCount() == 0) QTest::mouseClick(grid().viewport(), Qt::LeftButton);
+    fill_cell(1, 5, value);
+    fill_cell(1, 6, "1");
     press("Command1");
   };
 }
 
-deed without_first_line(const std::string& then) {
+step without_first_line(const std::string& then) {
   return [=] {
-    auto& grid = *top_window().findChild<QTableView*>("fg");
-    if (grid.model()->index(0, 5).data().toString() == "東") {
-      grid.setCurrentIndex(grid.model()->index(0, 5));
+    if (grid_column(5).front() == "東") {
+      click_cell(1, 5);
       press("Command3");
     }
     // A refused deletion leaves the line: once more.
-    if (grid.model()->index(0, 5).data().toString() != "東") press(then);
+    if (grid_column(5).front() != "東") press(then);
   };
 }
 
@@ -84,25 +66,8 @@ std::string none(const std::string& table, const std::string& where) {
 
 }  // namespace
 
-const std::vector<std::string> swept_rows = {
-    "insert into field values('F1','氏名','T'),('F3','取引開始日','D'),('F6','年齢','N'),"
-    "('F7','会員','B')",
-    "insert into replace values(1,0,'C','敬称',' ',10),(2,0,'C','空',' ',21),"
-    "(3,0,'F','宛名',null,0),(4,3,'F','会社',null,0),(5,4,'C','御中','',22),"
-    "(30,0,'C','日付',' ',30),(31,0,'C','数値',' ',31),(32,0,'C','二択',' ',32)",
-    "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id) values"
-    "(1,10,0,'F','F1'),(30,30,0,'F','F3'),(31,31,0,'F','F6'),(32,32,0,'F','F7')",
-    "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,replace_cond_type,"
-    "replace_cond_no) values(1,11,10,'C','0',1),(1,12,10,'C','1',null)",
-    "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,replace_title,"
-    "replace_type,r_text) values(1,13,12,'R','不明','S','様'),(5,22,0,'R','御中','S','御中')",
-    "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_method,s_val) values"
-    "(1,1,1,'S',1,'東')",
-    "update seqno set replace=32,replace_m=40,replace_cond=7",
-};
-
 std::vector<swept_command> swept_commands() {
-  const deed edit = at("敬称", "update");
+  const step edit = at("敬称", "update");
   const auto leave = [](const std::string& title) { return fill("Text1", title, "exit"); };
   std::vector<swept_command> all = {
       {"new folder",
@@ -144,7 +109,7 @@ std::vector<swept_command> swept_commands() {
   const std::string condition = "東（部分一致）";
   const auto add = [&](const std::string& name, const std::string& goal, const std::string& node,
                        const std::string& button, const std::string& dialog,
-                       const deed& in_dialog) {
+                       const step& in_dialog) {
     all.push_back(
         {name,
          "replace_create",
@@ -180,7 +145,7 @@ std::vector<swept_command> swept_commands() {
   for (swept_command& command : all) {
     for (const auto& [dialog, title] : std::map<std::string, std::string>{
              {"r_date_cond", "日付"}, {"r_number_cond", "数値"}, {"r_yesno_cond", "二択"}}) {
-      if (command.deeds.contains(dialog)) command.deeds["replaceForm"] = at(title, "update");
+      if (command.steps.contains(dialog)) command.steps["replaceForm"] = at(title, "update");
     }
     command.is_whole = command.name.find("condition") != std::string::npos;
   }

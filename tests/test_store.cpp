@@ -1,15 +1,24 @@
 #include <cstdlib>
 
-#include "harness.h"
 #include "store/postgresql_session.h"
 #include "store_failure.h"
+#include "test_store.h"
 #include "tool/embedded_scripts.h"
 #include "tool/store_maker.h"
 
 namespace harness {
+namespace {
+
+/// In memory where the system has such a place: most of a test would be waiting for the disk.
+std::filesystem::path scratch() {
+  const std::filesystem::path memory = "/dev/shm";
+  return std::filesystem::exists(memory) ? memory : std::filesystem::temp_directory_path();
+}
+
+}  // namespace
 
 test_store::test_store() {
-  std::string pattern = (std::filesystem::temp_directory_path() / "vorlumine_XXXXXX").string();
+  std::string pattern = (scratch() / "vorlumine_XXXXXX").string();
   folder_ = ::mkdtemp(pattern.data());
   if (on_server())
     database_.emplace();

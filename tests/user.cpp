@@ -1,123 +1,112 @@
-#include <gtest/gtest.h>
+#include "user.h"
 
 #include <QAbstractButton>
 #include <QApplication>
-#include <QElapsedTimer>
 #include <QMessageBox>
-#include <QTimer>
-#include <cstdio>
-#include <cstdlib>
-#include <exception>
+#include <stdexcept>
+#include <utility>
 
-#include "harness.h"
-#include "ta_vorlumine/replace_class.h"
+#include "script.h"
+#include "test_store.h"
+#include "window_player.h"
 
 namespace harness {
 namespace {
 
-constexpr int deadline = 10'000;  // milliseconds
+/// Plays a script. What the script does to a window runs on the stack of that window's event loop,
+/// so that the script can go on in the window that opens.
+class scripted_user : public window_player {
+ public:
+  explicit scripted_user(const std::function<void()>& body) : script_(body) {}
 
-std::string name_of(const QWidget* window) {
-  if (!window) return "no window";
-  if (const auto* box = qobject_cast<const QMessageBox*>(window)) {
-    return "the message \"" + box->text().toStdString() + "\"";
+  void play_to_end(const std::function<void()>& open) {
+    play(open);
+    if (!script_.has_ended()) script_.go_on();
+    if (!script_.has_ended()) give_up("the windows have gone before the script's end");
   }
-  return window->objectName().toStdString();
+  /// For the script itself.
+  void act(const std::function<void()>& action) {
+    action_ = action;
+    script_.pause();
+  }
+  [[nodiscard]] bool is_in_script() const { return script_.is_running(); }
+
+ private:
+  void take_turn(QWidget& top) override {
+    if (is_in_script()) give_up("something opens a window outside of act()");
+    if (!script_.has_ended()) script_.go_on();
+    if (action_) return std::exchange(action_, {})();
+    const std::string window = name_of(&top);
+    const bool is_left = window == "replaceForm" || window == "replace_create";
+    is_left ? leave(top) : give_up("the script has ended, but there is " + window);
+  }
+  [[nodiscard]] std::string name() const override { return "the script"; }
+
+  script script_;
+  std::function<void()> action_;
+};
+
+void expect(bool met, const std::string& what) {
+  if (!met) throw std::runtime_error("expected " + what + ", not " + name_of(&top_window()));
 }
 
-[[noreturn]] void give_up(const std::string& why) {
-  std::fprintf(stderr, "the windows went another way: %s\n", why.c_str());
-  std::fflush(nullptr);
-  std::_Exit(1);
-}
-
-long long now() {
-  static QElapsedTimer clock = [] {
-    QElapsedTimer started;
-    started.start();
-    return started;
-  }();
-  return clock.elapsed();
+void answer(QMessageBox::StandardButton button) {
+  act([button] { static_cast<QMessageBox&>(top_window()).button(button)->click(); });
 }
 
 }  // namespace
 
-user& user::in(const std::string& form, std::function<void()> deed) {
-  steps_.push_back({form, [form](QWidget& top) { return name_of(&top) == form; }, std::move(deed)});
-  return *this;
+void play(const std::function<void()>& open, const std::function<void()>& script) {
+  scripted_user(script).play_to_end(open);
 }
 
-user& user::whatever(const std::string& what, std::function<void()> deed) {
-  steps_.push_back({what, [](QWidget&) { return true; }, std::move(deed)});
-  return *this;
+void browse(const test_store& store, const std::function<void()>& script) {
+  play([&] { show_browser(store.connect_string()); }, script);
 }
 
-user& user::message(const std::string& text) {
-  return question(text, true);
-}
-
-user& user::question(const std::string& text, bool ok) {
-  steps_.push_back({"the message \"" + text + "\"",
-                    [text](QWidget& top) {
-                      const auto* box = qobject_cast<QMessageBox*>(&top);
-                      return box && box->text().toStdString() == text &&
-                             box->windowTitle() == "Quorvi";
-                    },
-                    [ok] {
-                      auto& box = static_cast<QMessageBox&>(top_window());
-                      box.button(ok ? QMessageBox::Ok : QMessageBox::Cancel)->click();
-                    }});
-  return *this;
-}
-
-// Deeds run from a tick of the innermost event loop. A deed that opens a window runs on, inside,
-// until that window is gone: until then only windows above its own are looked at.
-void user::play() {
-  QWidget* top = QApplication::activeModalWidget();
-  const bool idle = top && top->isVisible() && (at_work_.empty() || at_work_.back() != top);
-  if (idle && QApplication::activeWindow() != top) return top->activateWindow();
-  if (!idle) {
-    if (now() - waiting_since_ > deadline) {
-      give_up("waited too long at " + name_of(top) + " for " +
-              (steps_.empty() ? "the end" : steps_.front().expected));
-    }
-    return;
-  }
-  if (steps_.empty()) give_up("nothing was expected, but there is " + name_of(top));
-  if (!steps_.front().matches(*top)) {
-    give_up("expected " + steps_.front().expected + ", but there is " + name_of(top));
-  }
-  const step next = std::move(steps_.front());
-  steps_.pop_front();
-  at_work_.push_back(top);
-  try {
-    next.deed();
-  } catch (const std::exception& failure) {
-    give_up(failure.what());
-  }
-  at_work_.pop_back();
-  waiting_since_ = now();
-}
-
-void user::during(const std::function<void()>& modal) {
-  waiting_since_ = now();
-  QTimer tick;
-  // A timer does not fire again while its own slot runs; a deed that opens a window runs long.
-  QObject::connect(
-      &tick, &QTimer::timeout, &tick, [this] { play(); }, Qt::QueuedConnection);
-  tick.start(1);
-  modal();
-  tick.stop();
-  EXPECT_TRUE(steps_.empty()) << "the windows were gone before " << steps_.front().expected;
-  steps_.clear();
-}
-
-void user::browse(const test_store& store) {
-  during([&store] {
-    ta_vorlumine::replaceClass editor;
-    editor.CONNECT_STRING = store.connect_string();
-    editor.replace_show();
+void edit(const test_store& store, const std::string& title, const std::function<void()>& script) {
+  browse(store, [&] {
+    click_node(title);
+    press("update");
+    in("replace_create");
+    script();
   });
+}
+
+void act(const std::function<void()>& action) {
+  auto* const user = dynamic_cast<scripted_user*>(window_player::playing());
+  user && user->is_in_script() ? user->act(action) : action();
+}
+
+QWidget& top_window() {
+  QWidget* const top = QApplication::activeModalWidget();
+  if (!top) throw std::runtime_error("there is no window");
+  return *top;
+}
+
+void in(const std::string& window) {
+  expect(name_of(&top_window()) == window, window);
+}
+
+void message(const std::string& text) {
+  expect(qobject_cast<QMessageBox*>(&top_window()) != nullptr, "the message " + text);
+  const std::string shown = read_message();
+  if (shown != text) throw std::runtime_error("expected " + text + ", not " + shown);
+}
+
+void question(const std::string& text, bool ok) {
+  expect(name_of(&top_window()) == text, "the question " + text);
+  const auto buttons = static_cast<QMessageBox&>(top_window()).standardButtons();
+  expect(buttons == (QMessageBox::Ok | QMessageBox::Cancel), "OK and Cancel");
+  answer(ok ? QMessageBox::Ok : QMessageBox::Cancel);
+}
+
+std::string read_message() {
+  const auto* box = qobject_cast<QMessageBox*>(&top_window());
+  expect(box && box->windowTitle() == "Quorvi", "a message");
+  const std::string text = box->text().toStdString();
+  answer(QMessageBox::Ok);
+  return text;
 }
 
 }  // namespace harness

@@ -1,19 +1,19 @@
-#include "walks.h"
+#include "random_walk.h"
 
-#include <QApplication>
 #include <QWidget>
 #include <algorithm>
 #include <cstdio>
 
-#include "shown_trees.h"
+#include "random_user.h"
 #include "tool/store_check.h"
-#include "walker.h"
+#include "tree_difference.h"
+#include "user.h"
 
 namespace harness {
 namespace {
 
 // Long enough for deep trees, short enough that a failure is soon met again.
-constexpr int deeds_of_a_walk = 1000;
+constexpr int turns_of_a_walk = 1000;
 
 // The title of a field's value may be typed, and then names no field. The copy of a number line has
 // 0, uncounted, where the line has no bound.
@@ -27,15 +27,15 @@ std::vector<std::string> faults_of_users(const rule_store::store_rows& rows) {
   return faults;
 }
 
-void look_at(const std::string& connect_string, walker& walker) {
+void look_at(const std::string& connect_string, const random_user& user) {
   const rule_store::store_rows rows = rule_store::read_store(connect_string);
   const auto faults = faults_of_users(rows);
-  if (!faults.empty()) walker.give_up("the store is out of shape: " + faults.front());
-  const QString top = QApplication::activeModalWidget()->objectName();
+  if (!faults.empty()) user.give_up("the store is out of shape: " + faults.front());
+  const std::string top = name_of(&top_window());
   std::string difference;
-  if (top == "replaceForm") difference = title_tree_difference(rows, walker.is_fresh());
+  if (top == "replaceForm") difference = title_tree_difference(rows, user.is_fresh());
   if (top == "replace_create") difference = rule_tree_difference(rows);
-  if (!difference.empty()) walker.give_up(difference);
+  if (!difference.empty()) user.give_up(difference);
 }
 
 }  // namespace
@@ -44,29 +44,29 @@ std::vector<std::string> shape_faults(const std::string& connect_string) {
   return faults_of_users(rule_store::read_store(connect_string));
 }
 
-void walk_and_look(std::uint64_t seed, int deeds) {
+void walk_and_look(std::uint64_t seed, int turns) {
   test_store store;
   store.load_sample();
-  walker walker(seed);
-  walker.look = [&](class walker& walking) { look_at(store.connect_string(), walking); };
-  walker.walk(store.connect_string(), deeds);
+  random_user user(seed);
+  user.look = [&] { look_at(store.connect_string(), user); };
+  user.walk(store.connect_string(), turns);
 }
 
 int walk_command(const std::vector<std::string>& arguments) {
-  const int deeds = std::stoi(arguments.at(0));
+  const int turns = std::stoi(arguments.at(0));
   std::uint64_t seed = std::stoull(arguments.at(1));
   if (arguments.size() > 2) {
-    walker walker(seed);
-    walker.tell = [](const std::string& deed) {
-      std::puts(deed.c_str());
+    random_user user(seed);
+    user.tell = [](const std::string& action) {
+      std::puts(action.c_str());
       std::fflush(stdout);
     };
-    walker.walk(arguments.at(2), deeds);
+    user.walk(arguments.at(2), turns);
     return 0;
   }
-  for (int done = 0; done < deeds; done += deeds_of_a_walk, ++seed) {
-    walk_and_look(seed, std::min(deeds_of_a_walk, deeds - done));
-    std::printf("%d deeds, the last with seed %llu\n", std::min(deeds, done + deeds_of_a_walk),
+  for (int done = 0; done < turns; done += turns_of_a_walk, ++seed) {
+    walk_and_look(seed, std::min(turns_of_a_walk, turns - done));
+    std::printf("%d turns, the last with seed %llu\n", std::min(turns, done + turns_of_a_walk),
                 static_cast<unsigned long long>(seed));
     std::fflush(stdout);
   }

@@ -8,8 +8,7 @@
 #include <cstdlib>
 #include <random>
 
-#include "harness.h"
-#include "walks.h"
+#include "random_walk.h"
 
 using namespace harness;
 using lines = std::vector<std::string>;
@@ -17,17 +16,17 @@ using lines = std::vector<std::string>;
 namespace {
 
 /// Another user: this program as a process of its own that walks over the store.
-std::unique_ptr<QProcess> another_user(const test_store& store, std::uint64_t seed, int deeds) {
+std::unique_ptr<QProcess> another_user(const test_store& store, std::uint64_t seed, int turns) {
   auto process = std::make_unique<QProcess>();
   process->start(QCoreApplication::applicationFilePath(),
-                 {"--walk", QString::number(deeds), QString::number(seed),
+                 {"--walk", QString::number(turns), QString::number(seed),
                   QString::fromStdString(store.connect_string())});
   return process;
 }
 
-std::string last_deed(QProcess& process) {
-  const QByteArrayList deeds = process.readAllStandardOutput().trimmed().split('\n');
-  return deeds.last().toStdString();
+std::string last_action(QProcess& process) {
+  const QByteArrayList actions = process.readAllStandardOutput().trimmed().split('\n');
+  return actions.last().toStdString();
 }
 
 bool is_of_counters(const std::string& fault) {
@@ -45,7 +44,7 @@ std::string definition_of(const std::string& fault) {
 /// transaction, and most commands write one row and then the counter. A copy is many statements,
 /// all under its own key, the last. A deletion is many: of definitions and folders from the top, so
 /// that what is left is shown no more, of rules within one definition.
-void take_out_remains(lines& faults, const std::string& deed, test_store& store) {
+void take_out_remains(lines& faults, const std::string& action, test_store& store) {
   std::erase_if(faults, is_of_counters);
   const lines shown = store.rows(
       "with recursive shown(no) as (select replace_no from replace where p_replace_no=0 union "
@@ -54,8 +53,8 @@ void take_out_remains(lines& faults, const std::string& deed, test_store& store)
   std::string edited;
   std::erase_if(faults, [&](const std::string& fault) {
     const std::string definition = definition_of(fault);
-    if (deed == "presses copy") return definition == last;
-    if (deed != "reads \"削除してもよろしいですか\"") return false;
+    if (action == "presses copy") return definition == last;
+    if (action != "reads \"削除してもよろしいですか\"") return false;
     if (definition.empty()) return fault.ends_with("does not exist");
     if (std::ranges::find(shown, definition) == shown.end()) return true;
     if (edited.empty()) edited = definition;
@@ -89,11 +88,11 @@ TEST(Walk, AKilledUserLeavesNothingHalfStoredThatIsOneDeed) {
     ASSERT_EQ(user->state(), QProcess::Running) << user->readAllStandardError().toStdString();
     user->kill();
     user->waitForFinished();
-    const std::string deed = last_deed(*user);
+    const std::string action = last_action(*user);
     lines faults = shape_faults(store->connect_string());
     const bool is_half = !std::ranges::all_of(faults, is_of_counters);
-    take_out_remains(faults, deed, *store);
-    EXPECT_EQ(faults, lines{}) << "kill " << kill << " in \"" << deed << "\"";
+    take_out_remains(faults, action, *store);
+    EXPECT_EQ(faults, lines{}) << "kill " << kill << " in \"" << action << "\"";
     // Copies of a half-deleted definition would be told as new faults.
     if (is_half) store.reset();
     halves += is_half ? 1 : 0;

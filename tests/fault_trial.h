@@ -8,6 +8,7 @@
 
 #include "store_faults.h"
 #include "swept_commands.h"
+#include "window_player.h"
 
 class QMessageBox;
 
@@ -27,12 +28,12 @@ inline void PrintTo(const trouble& trouble, std::ostream* out) {
 
 /// A command played until its goal is reached, while something goes wrong at one occasion. The
 /// store is filled anew; making one for each trial costs a server more than the trial.
-class trial {
+class fault_trial : public window_player {
  public:
-  trial(std::optional<test_store>& store, const trouble& trouble);
+  fault_trial(std::optional<test_store>& store, const trouble& trouble);
 
   /// A patient user repairs what lasts as soon as it is told, and tries again; another leaves.
-  void play(const swept_command& command, int number, bool is_patient = true);
+  void play_command(const swept_command& command, int number, bool is_patient = true);
 
   // What is to be judged: all rows, and the shape, but for the counters.
   using rows = std::vector<std::string>;
@@ -45,16 +46,18 @@ class trial {
 
  private:
   [[nodiscard]] rows content();
-  void tick(const swept_command& command, int number);
-  void step(QWidget& top, const swept_command& command, int number);
-  void read(const QMessageBox& box, const swept_command& command, bool has_failed);
+  void take_turn(QWidget& top) override;
+  [[nodiscard]] std::string name() const override;
+  void read(QMessageBox& box);
   void close(QWidget& top);
-  [[nodiscard]] bool is_done(const swept_command& command);
-  [[noreturn]] void give_up(const std::string& what) const;
+  void do_step(const std::string& window);
+  [[nodiscard]] bool is_done();
+  [[nodiscard]] bool has_failed() const { return !faults_->failed().empty(); }
 
   test_store* store_ = nullptr;
   std::unique_ptr<store_faults> faults_;
-  std::vector<QWidget*> at_work_;
+  const swept_command* command_ = nullptr;
+  int number_ = 0;
   bool is_patient_ = true;
   bool is_armed_ = false;
   bool has_left_ = false;

@@ -1,4 +1,4 @@
-#include "shown_trees.h"
+#include "tree_difference.h"
 
 #include <algorithm>
 #include <array>

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "harness.h"
+#include "test_store.h"
 
 namespace harness {
 
@@ -12,12 +12,12 @@ namespace harness {
 /// no field where its title was typed and names none.
 [[nodiscard]] std::vector<std::string> shape_faults(const std::string& connect_string);
 
-/// Walks over a store of its own, the sample, and holds store and shown trees together before each
-/// deed.
-void walk_and_look(std::uint64_t seed, int deeds);
+/// Has a random user work on a store of its own, the sample, and compares rows and shown trees
+/// before each turn.
+void walk_and_look(std::uint64_t seed, int turns);
 
-/// What the test program does as a process of its own: with "--walk DEEDS SEED" one looking walk
-/// after the other, with "--walk DEEDS SEED CONNECT_STRING" a walk over that store, without
+/// What the test program does as a process of its own: with "--walk TURNS SEED" one looking walk
+/// after the other, with "--walk TURNS SEED CONNECT_STRING" a walk over that store, without
 /// looking.
 int walk_command(const std::vector<std::string>& arguments);
 

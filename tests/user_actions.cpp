@@ -1,0 +1,255 @@
+#include <QAbstractButton>
+#include <QApplication>
+#include <QComboBox>
+#include <QInputMethodEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTableView>
+#include <QTest>
+#include <QToolButton>
+#include <QTreeView>
+#include <algorithm>
+#include <stdexcept>
+
+#include "browser/replace_form.h"
+#include "user.h"
+#include "window_player.h"
+
+namespace harness {
+namespace {
+
+void note(const std::string& action) {
+  if (auto* player = window_player::playing()) player->note(action);
+}
+
+template <class Widget = QWidget>
+Widget& find(const std::string& name) {
+  auto* found = top_window().findChild<Widget*>(QString::fromStdString(name));
+  if (!found) throw std::runtime_error("no control " + name + " in " + name_of(&top_window()));
+  return *found;
+}
+
+template <class Widget>
+Widget& usable(const std::string& name) {
+  auto& found = find<Widget>(name);
+  if (!found.isEnabled()) throw std::runtime_error(name + " is off");
+  return found;
+}
+
+void collect(const QModelIndex& parent, std::vector<QModelIndex>& nodes) {
+  for (int row = 0; row < tree().model()->rowCount(parent); ++row) {
+    const QModelIndex child = tree().model()->index(row, 0, parent);
+    nodes.push_back(child);
+    collect(child, nodes);
+  }
+}
+
+std::string text_of(const QModelIndex& index) {
+  return index.data().toString().toStdString();
+}
+
+/// Whether the node has this text, or, of a path, the last one and nodes above it the others.
+bool has_path(const QModelIndex& node, const std::string& path) {
+  const std::size_t slash = path.rfind('/');
+  if (text_of(node) == path) return true;
+  if (slash == path.npos || text_of(node) != path.substr(slash + 1)) return false;
+  QModelIndex above = node.parent();
+  while (above.isValid() && !has_path(above, path.substr(0, slash))) above = above.parent();
+  return above.isValid();
+}
+
+QPoint place_of(const QModelIndex& index) {
+  tree().scrollTo(index);
+  return tree().visualRect(index).center();
+}
+
+QModelIndex cell(int row, int column) {
+  return grid().model()->index(row - 1, column);
+}
+
+QWidget& focus() {
+  QWidget* const focused = QApplication::focusWidget();
+  return focused ? *focused : top_window();
+}
+
+}  // namespace
+
+void press(const std::string& button) {
+  note("presses " + button);
+  act([=] { usable<QAbstractButton>(button).click(); });
+}
+
+void type(const std::string& text_box, const std::string& text) {
+  note("types \"" + text + "\" into " + text_box);
+  act([=] {
+    auto& box = usable<QWidget>(text_box);
+    box.setFocus();
+    QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
+    QTest::keyClick(&box, Qt::Key_Delete);
+    if (!text.empty()) compose(text);
+  });
+}
+
+void choose(const std::string& combo, const std::string& item) {
+  note("chooses " + item);
+  act([=] {
+    auto& box = find<QComboBox>(combo);
+    const int index = box.findText(QString::fromStdString(item));
+    if (index < 0) throw std::runtime_error("no entry " + item);
+    box.setCurrentIndex(index);
+  });
+}
+
+void compose(const std::string& text, const std::string& unfinished) {
+  act([=] {
+    QInputMethodEvent composed(QString::fromStdString(unfinished), {});
+    composed.setCommitString(QString::fromStdString(text));
+    QApplication::sendEvent(&focus(), &composed);
+  });
+}
+
+void key(int toolkit_key, const std::string& modifiers) {
+  Qt::KeyboardModifiers held;
+  if (modifiers.find("ctrl") != std::string::npos) held |= Qt::ControlModifier;
+  if (modifiers.find("shift") != std::string::npos) held |= Qt::ShiftModifier;
+  if (modifiers.find("alt") != std::string::npos) held |= Qt::AltModifier;
+  note("presses key " + std::to_string(toolkit_key) + " " + modifiers);
+  act([=] { QTest::keyClick(&focus(), static_cast<Qt::Key>(toolkit_key), held); });
+}
+
+void click_node(const std::string& path) {
+  click_node(node(path));
+}
+
+void click_node(const QModelIndex& node) {
+  note("clicks " + text_of(node));
+  act([=] { QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, place_of(node)); });
+}
+
+void double_click_node(const QModelIndex& node) {
+  note("opens " + text_of(node));
+  act([=] { QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, place_of(node)); });
+}
+
+// Without a display the toolkit's drag is over as soon as it starts: the way and the drop are told
+// to the tree's own events.
+void drag_node(const QModelIndex& source, const QModelIndex& target) {
+  note("drags " + text_of(source) + " onto " + text_of(target));
+  act([=] {
+    QWidget& area = *tree().viewport();
+    tree().scrollTo(target);
+    const QPoint from = place_of(source);
+    const QPoint to = tree().visualRect(target).center();
+    if (!area.rect().contains(to)) return;
+    const QPoint off = from + QPoint(2 * QApplication::startDragDistance(), 0);
+    QTest::mousePress(&area, Qt::LeftButton, {}, from);
+    QMouseEvent move(QEvent::MouseMove, off, area.mapToGlobal(off), Qt::NoButton, Qt::LeftButton,
+                     {});
+    QApplication::sendEvent(&area, &move);
+    auto& browser = platform::form<ta_vorlumine::replaceForm>();
+    browser.window.guarded([&] {
+      browser.SSTree1.on_drag_over(to.x(), to.y());
+      browser.SSTree1.on_drop();
+    });
+  });
+}
+
+void drag_node(const std::string& source, const std::string& target) {
+  drag_node(node(source), node(target));
+}
+
+void begin_cell(int row, int column, const std::string& text) {
+  note("fills cell " + std::to_string(row) + "," + std::to_string(column) + " with " + text);
+  act([=] {
+    const bool is_list = column % 2 == 0;
+    grid().setFocus();
+    grid().setCurrentIndex(cell(row, column));
+    is_list ? QTest::keyClicks(&focus(), QString::fromStdString(text)) : compose(text);
+  });
+}
+
+void fill_cell(int row, int column, const std::string& text) {
+  begin_cell(row, column, text);
+  key(Qt::Key_Return);
+}
+
+void click_cell(int row, int column) {
+  act([=] {
+    const QModelIndex index = cell(row, column);
+    grid().scrollTo(index);
+    QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, grid().visualRect(index).center());
+    if (auto* list = QApplication::activePopupWidget()) list->close();
+  });
+}
+
+bool is_enabled(const std::string& control) {
+  return find(control).isEnabled();
+}
+
+std::string enabled_buttons() {
+  std::string names;
+  for (const QToolButton* button : find("Toolbar1").findChildren<QToolButton*>()) {
+    if (button->isEnabled())
+      names += (names.empty() ? "" : " ") + button->objectName().toStdString();
+  }
+  return names;
+}
+
+std::string text_of(const std::string& control) {
+  for (const char* property : {"plainText", "currentText", "text"}) {
+    const QVariant text = find(control).property(property);
+    if (text.isValid()) return text.toString().toStdString();
+  }
+  throw std::runtime_error(control + " has no text");
+}
+
+std::string focused_control() {
+  const QWidget* focused = top_window().focusWidget();
+  return focused ? focused->objectName().toStdString() : "none";
+}
+
+std::vector<std::string> tree_lines() {
+  std::vector<std::string> lines;
+  for (const QModelIndex& node : all_nodes()) {
+    std::string indent;
+    for (QModelIndex above = node.parent(); above.isValid(); above = above.parent()) indent += "  ";
+    lines.push_back(indent + text_of(node));
+  }
+  return lines;
+}
+
+std::vector<std::string> grid_column(int column) {
+  std::vector<std::string> texts;
+  for (int row = 1; row <= grid().model()->rowCount(); ++row)
+    texts.push_back(cell(row, column).data().toString().toStdString());
+  return texts;
+}
+
+QWidget& control(const std::string& name) {
+  return find(name);
+}
+
+QTreeView& tree() {
+  return find<QTreeView>("SSTree1");
+}
+
+QTableView& grid() {
+  return find<QTableView>("fg");
+}
+
+QModelIndex node(const std::string& path) {
+  const auto nodes = all_nodes();
+  const auto found =
+      std::ranges::find_if(nodes, [&](const QModelIndex& node) { return has_path(node, path); });
+  if (found == nodes.end()) throw std::runtime_error("no node " + path);
+  return *found;
+}
+
+std::vector<QModelIndex> all_nodes() {
+  std::vector<QModelIndex> nodes;
+  collect({}, nodes);
+  return nodes;
+}
+
+}  // namespace harness
