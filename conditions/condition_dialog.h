@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -10,6 +11,7 @@
 #include "platform/command_button.h"
 #include "platform/form.h"
 #include "platform/label.h"
+#include "store/sql.h"
 
 namespace ta_vorlumine {
 
@@ -22,12 +24,12 @@ struct condition_lines {
   std::string format;              ///< headings of the grid
   std::vector<int> widths;         ///< of the columns from 5 on, in twips
   std::vector<std::string> lists;  ///< drop-downs of the columns from 5 on, empty for typed text
-  std::string select;              ///< reads the lines, with places for definition and condition
+  ADODB::words select;             ///< reads the lines, with places for definition and condition
 
   /// The row check takes such a row for one that the user has emptied.
   std::function<bool(const line_cells&)> is_emptied;
-  /// The statement that stores the row; empty for a row that isn't complete.
-  std::function<std::string(const line_cells&)> insert;
+  /// The statement that stores the row; nothing for a row that isn't complete.
+  std::function<std::optional<ADODB::statement>(const line_cells&)> insert;
   /// Whether OK may go on with the row; it has told the user why not, where there is a word for it.
   std::function<bool(const line_cells&, int row)> test;
   /// Before an edit of a cell is taken.

@@ -3,7 +3,6 @@
 #include "platform/messages.h"
 #include "platform/text_box.h"
 #include "rules/text_limits.h"
-#include "store/sql.h"
 
 namespace ta_vorlumine {
 namespace {
@@ -15,8 +14,8 @@ bool is_complete(const line_cells& row) {
   return !row[value].empty() && !row[method].empty();
 }
 
-std::string insert(const line_cells& row) {
-  if (!is_complete(row)) return {};
+std::optional<ADODB::statement> insert(const line_cells& row) {
+  if (!is_complete(row)) return std::nullopt;
   return ADODB::sql(
       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_val,s_method) "
       "values(<cell 1>,<cell 2>,'<cell 3>','<cell 4>','<cell 5>','<cell 6>')",

@@ -1,7 +1,5 @@
 #include "conditions/range_lines.h"
 
-#include "store/sql.h"
-
 namespace ta_vorlumine {
 namespace {
 
@@ -12,7 +10,7 @@ bool is_complete(const line_cells& row, std::size_t value, std::size_t method) {
 }
 
 // An end that lacks its value or its method is left out; a row without any end gives nothing.
-std::string insert(const range_statements& statements, const line_cells& row) {
+std::optional<ADODB::statement> insert(const range_statements& statements, const line_cells& row) {
   const bool lower = is_complete(row, from_value, from_method);
   const bool upper = is_complete(row, to_value, to_method);
   if (lower && upper) {
@@ -27,7 +25,7 @@ std::string insert(const range_statements& statements, const line_cells& row) {
     return sql(statements.insert_lower,
                {row[1], row[2], row[3], row[4], row[from_value], row[from_method]});
   }
-  return {};
+  return std::nullopt;
 }
 
 // Laxer than what is stored: a row is kept while it has any value and any method.

@@ -14,10 +14,10 @@ constexpr std::size_t to_method = 8;
 
 /// The statements in which ranges of dates and of numbers differ.
 struct range_statements {
-  std::string select;
-  std::string insert_both;   ///< both ends
-  std::string insert_upper;  ///< the upper end alone
-  std::string insert_lower;  ///< the lower end alone
+  ADODB::words select;
+  ADODB::words insert_both;   ///< both ends
+  ADODB::words insert_upper;  ///< the upper end alone
+  ADODB::words insert_lower;  ///< the lower end alone
 };
 
 /// What the dialogs of ranges have in common. The row test and what happens before an edit is taken

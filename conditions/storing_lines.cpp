@@ -87,9 +87,9 @@ bool condition_dialog::store_lines() {
   for (int row = 1; row < fg.Rows(); ++row) {
     line_cells line = cells(row);
     line[2] = std::to_string(shared().f_replace_cond_no);
-    const std::string statement = kind_.insert(line);
-    if (statement.empty()) continue;
-    shared().conn.Execute(statement);
+    const std::optional<ADODB::statement> statement = kind_.insert(line);
+    if (!statement) continue;
+    shared().conn.Execute(*statement);
     any = true;
   }
   return any;

@@ -39,11 +39,11 @@ void replace_create::open_definition() {
 // A copy shows its source's title and remark, which are its own too.
 void replace_create::fill_fields() {
   auto& rows = shared().basRS;
+  constexpr ADODB::words select_of_copy =
+      "select p_replace_no,title,comment from replace where replace_no=<basNodeKey>";
+  constexpr ADODB::words select = "select title,comment from replace where replace_no=<basNodeKey>";
   const bool copied = shared().mode() == edit_mode::copy_definition;
-  rows = shared().conn.Execute(
-      sql(copied ? "select p_replace_no,title,comment from replace where replace_no=<basNodeKey>"
-                 : "select title,comment from replace where replace_no=<basNodeKey>",
-          {shared().basNodeKey}));
+  rows = shared().conn.Execute(sql(copied ? select_of_copy : select, {shared().basNodeKey}));
   if (rows.eof()) throw vanished_row();
   Text1.set_text(rows.Fields().Item("title").Value().text());
   Text2.set_text(rows.Fields().Item("comment").Value().text());

@@ -94,10 +94,11 @@ bool replace_create::read_field_attr() {
     return false;
   }
   auto& rows = shared().basRS;
-  rows = shared().conn.Execute(
-      sql(f_cond_value == 1 ? "select field_id,attr from field where field_name='<f_fieldname>'"
-                            : "select field_name,attr from field where field_name='<f_fieldname>'",
-          {f_fieldname}));
+  constexpr ADODB::words id_and_attr =
+      "select field_id,attr from field where field_name='<f_fieldname>'";
+  constexpr ADODB::words name_and_attr =
+      "select field_name,attr from field where field_name='<f_fieldname>'";
+  rows = shared().conn.Execute(sql(f_cond_value == 1 ? id_and_attr : name_and_attr, {f_fieldname}));
   if (rows.eof()) {
     platform::message("項目「" + f_fieldname + "」がアドレス帳にないため、条件を設定できません。");
     return false;

@@ -7,18 +7,22 @@ namespace {
 
 std::string doubled(const std::string& text) {
   std::string result;
-  for (const char c : text) result += c == '\'' ? "''" : std::string(1, c);
+  for (const char letter : text) result.append(letter == '\'' ? 2 : 1, letter);
   return result;
 }
 
 }  // namespace
 
-std::string GetRecordValue(const ADODB::Recordset& rs, const std::string& fid) {
+std::string record_text(const ADODB::Recordset& rs, const std::string& fid) {
   try {
-    return doubled(rs.Fields().Item(fid).Value().text());
+    return rs.Fields().Item(fid).Value().text();
   } catch (const std::exception&) {
     return {};
   }
+}
+
+std::string GetRecordValue(const ADODB::Recordset& rs, const std::string& fid) {
+  return doubled(record_text(rs, fid));
 }
 
 std::string GetRecordNum(const ADODB::Recordset& rs, const std::string& fid) {

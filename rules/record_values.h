@@ -6,7 +6,10 @@
 
 namespace ta_vorlumine {
 
-/// A column as text for a quoted place, each "'" doubled; empty for null and on any failure.
+/// A column as text for a place of a statement; empty for null and on any failure.
+[[nodiscard]] std::string record_text(const ADODB::Recordset& rs, const std::string& fid);
+
+/// The same with each "'" doubled, for whoever writes a statement as a bare text.
 [[nodiscard]] std::string GetRecordValue(const ADODB::Recordset& rs, const std::string& fid);
 
 /// A column as text for an unquoted place; "0" for null and on any failure.

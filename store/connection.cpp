@@ -16,8 +16,12 @@ void Connection::Close() {
   in_transaction_ = false;
 }
 
-Recordset Connection::Execute(std::string_view statement) {
+Recordset Connection::Execute(const statement& statement) {
   return Recordset(open_engine_or_fail().execute(statement));
+}
+
+Recordset Connection::Execute(std::string_view text) {
+  return Recordset(open_engine_or_fail().execute(text));
 }
 
 void Connection::BeginTrans(purpose purpose) {

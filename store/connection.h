@@ -20,8 +20,10 @@ class Connection {
   void Close();
   [[nodiscard]] bool is_open() const { return engine_ != nullptr; }
 
-  /// Runs one statement. A select gives its rows, any other statement an empty record set.
-  Recordset Execute(std::string_view statement);
+  /// Runs one statement. A select gives its rows, any other statement an empty record set. A bare
+  /// text must not hold anything that a user typed: values belong into the places of a statement.
+  Recordset Execute(const statement& statement);
+  Recordset Execute(std::string_view text);
 
   /// One transaction at a time; statements inside see its work.
   void BeginTrans(purpose purpose = purpose::looking);

@@ -5,6 +5,7 @@
 
 #include "store/connection_string.h"
 #include "store/recordset.h"
+#include "store/sql.h"
 
 namespace ADODB {
 
@@ -21,8 +22,11 @@ class engine {
   engine& operator=(const engine&) = delete;
   virtual ~engine() = default;
 
-  /// Runs exactly one statement; a text with a second one behind it is refused unrun.
-  [[nodiscard]] virtual result execute(std::string_view statement) = 0;
+  /// Runs a statement of the program. Its words are prepared at their first use and kept.
+  [[nodiscard]] virtual result execute(const statement& statement) = 0;
+
+  /// Runs the one statement that a bare text holds; one with a second behind it is refused unrun.
+  [[nodiscard]] virtual result execute(std::string_view text) = 0;
 
   virtual void begin(purpose purpose) = 0;
   virtual void commit() = 0;

@@ -5,28 +5,41 @@
 #include <stdexcept>
 #include <string>
 
+#include "store/sql.h"
+
 namespace ADODB {
 namespace {
 
-// The name becomes part of a statement as it is, so nothing but a counter may come through.
-std::string counter_column(std::string_view name) {
-  constexpr std::array<std::string_view, 3> counters = {"replace", "replace_m", "replace_cond"};
-  if (std::ranges::find(counters, name) == counters.end())
+struct counter {
+  std::string_view name;
+  words read;
+  words advance;
+};
+
+constexpr std::array<counter, 3> counters = {{
+    {"replace", "select replace from seqno", "update seqno set replace = replace+1"},
+    {"replace_m", "select replace_m from seqno", "update seqno set replace_m = replace_m+1"},
+    {"replace_cond", "select replace_cond from seqno",
+     "update seqno set replace_cond = replace_cond+1"},
+}};
+
+const counter& counter_of(std::string_view name) {
+  const auto* const found = std::ranges::find(counters, name, &counter::name);
+  if (found == counters.end())
     throw std::logic_error("no counter has the name " + std::string(name));
-  return std::string(name);
+  return *found;
 }
 
 }  // namespace
 
 std::optional<std::int64_t> last_number(Connection& connection, std::string_view name) {
-  const Recordset rows = connection.Execute("select " + counter_column(name) + " from seqno");
+  const Recordset rows = connection.Execute(sql(counter_of(name).read, {}));
   if (rows.eof()) return std::nullopt;
   return rows.Fields().Item(0).Value().number();
 }
 
 void advance_number(Connection& connection, std::string_view name) {
-  const std::string column = counter_column(name);
-  connection.Execute("update seqno set " + column + " = " + column + "+1");
+  connection.Execute(sql(counter_of(name).advance, {}));
 }
 
 }  // namespace ADODB

@@ -1,8 +1,6 @@
 #include "store/postgresql_engine.h"
 
-#include <algorithm>
 #include <cstddef>
-#include <iterator>
 #include <utility>
 #include <vector>
 
@@ -12,34 +10,23 @@
 namespace ADODB {
 namespace {
 
-// Far more shapes than the system has; only texts with something unusual in them come near it.
-constexpr std::size_t kept_statements = 256;
+constexpr std::string_view tables_have_changed = "0A000";
+constexpr std::string_view name_is_unknown = "26000";
 
-std::vector<Oid> types_of(const std::vector<literal>& literals) {
-  std::vector<Oid> types;
-  std::ranges::transform(literals, std::back_inserter(types), type_of);
-  return types;
-}
-
-std::vector<std::string> texts_of(const std::vector<literal>& literals) {
-  std::vector<std::string> texts;
-  std::ranges::transform(literals, std::back_inserter(texts), text_of);
-  return texts;
-}
-
-/// What a statement is kept under: a prepared statement has its parameters' types for good.
-std::string key_of(const statement_shape& shape) {
-  std::string key = shape.text;
-  for (const literal& value : shape.literals)
-    key.append(1, ' ').append(std::to_string(type_of(value)));
-  return key;
-}
-
-/// The server knows the prepared statement no more, or its tables have changed; it ran nothing.
-bool is_outdated(const PGresult* answer) {
+/// With either state the server has run nothing.
+bool has_state(const PGresult* answer, std::string_view state) {
   const char* const field = PQresultErrorField(answer, PG_DIAG_SQLSTATE);
-  const std::string_view state = field ? field : "";
-  return state == "0A000" || state == "26000";
+  return field && field == state;
+}
+
+/// The name of a prepared statement. It follows from the statement alone, so that in a session that
+/// is shared through a pool no program runs what another one has prepared under the same name.
+std::string name_of(const words& text, const std::vector<bound_value>& values,
+                    std::uint64_t generation) {
+  fingerprint content = text.fingerprint();
+  for (const bound_value& value : values) content.add(std::uint64_t{value.type});
+  content.add(generation);
+  return "vorlumine_" + content.text();
 }
 
 column_names names_of(const PGresult* answer) {
@@ -49,10 +36,14 @@ column_names names_of(const PGresult* answer) {
   return names;
 }
 
-// A parameter ends at its first zero character: what stands behind would be lost unnoticed.
-void refuse_zero_characters(std::string_view statement) {
-  if (statement.find('\0') != std::string_view::npos)
-    throw Error(failure_kind::other, "the server can't store a text with a zero character");
+result rows_of(const PGresult* answer) {
+  result rows{names_of(answer), {}};
+  const int columns = PQnfields(answer);
+  const int count = PQntuples(answer);
+  rows.cells.reserve(static_cast<std::size_t>(columns) * static_cast<std::size_t>(count));
+  for (int row = 0; row < count; ++row)
+    for (int column = 0; column < columns; ++column) add_cell(rows.cells, answer, row, column);
+  return rows;
 }
 
 }  // namespace
@@ -60,17 +51,16 @@ void refuse_zero_characters(std::string_view statement) {
 postgresql_engine::postgresql_engine(connection_settings settings)
     : settings_(std::move(settings)), session_(std::make_unique<postgresql_session>(settings_)) {}
 
-result postgresql_engine::execute(std::string_view statement) {
-  refuse_zero_characters(statement);
-  const postgresql_answer answer = answer_to(lift_literals(statement, placeholder::numbered));
-  result rows{names_of(answer.get()), {}};
-  const int columns = PQnfields(answer.get());
-  const int count = PQntuples(answer.get());
-  rows.cells.reserve(static_cast<std::size_t>(columns) * static_cast<std::size_t>(count));
-  for (int row = 0; row < count; ++row)
-    for (int column = 0; column < columns; ++column)
-      add_cell(rows.cells, answer.get(), row, column);
-  return rows;
+result postgresql_engine::execute(const statement& statement) {
+  std::vector<bound_value> values;
+  values.reserve(statement.parameters.size());
+  for (const parameter& value : statement.parameters) values.push_back(bound(value));
+  return rows_of(answer_to(statement.text, values).get());
+}
+
+result postgresql_engine::execute(std::string_view text) {
+  refuse_zero_character(text);
+  return rows_of(usable_session().execute(std::string(text)).get());
 }
 
 void postgresql_engine::begin(purpose) {
@@ -97,7 +87,7 @@ void postgresql_engine::rollback() {
 
 postgresql_session& postgresql_engine::usable_session() {
   if (!in_transaction_ && session_->is_lost()) {
-    names_.clear();
+    prepared_.clear();
     session_ = std::make_unique<postgresql_session>(settings_);
   }
   if (session_->is_lost())
@@ -109,30 +99,29 @@ postgresql_session& postgresql_engine::usable_session() {
   return *session_;
 }
 
-postgresql_answer postgresql_engine::answer_to(const statement_shape& shape) {
+postgresql_answer postgresql_engine::answer_to(const words& text,
+                                               const std::vector<bound_value>& values) {
   postgresql_session& session = usable_session();
-  const std::string key = key_of(shape);
-  const std::vector<std::string> parameters = texts_of(shape.literals);
-  postgresql_answer answer = session.execute(name_of(shape, key), parameters);
-  if (is_outdated(answer.get())) {
-    names_.erase(key);
+  std::string name = prepared(text, values);
+  postgresql_answer answer = session.execute(name, values);
+  const bool changed = has_state(answer.get(), tables_have_changed);
+  if (changed) ++generation_;
+  if (changed || has_state(answer.get(), name_is_unknown)) {
+    prepared_.erase(name);
     // Inside a transaction the refusal has ended it, and nothing more can run.
-    if (!in_transaction_) answer = session.execute(name_of(shape, key), parameters);
+    if (!in_transaction_) answer = session.execute(prepared(text, values), values);
   }
   session.check(answer.get());
   return answer;
 }
 
-const std::string& postgresql_engine::name_of(const statement_shape& shape,
-                                              const std::string& key) {
-  if (const auto found = names_.find(key); found != names_.end()) return found->second;
-  if (names_.size() >= kept_statements) {
-    session_->run("DEALLOCATE ALL");
-    names_.clear();
-  }
-  const std::string name = "statement_" + std::to_string(++prepared_);
-  session_->prepare(name, shape.text, types_of(shape.literals));
-  return names_.emplace(key, name).first->second;
+/// The statement's name on the server, which knows it from here on.
+std::string postgresql_engine::prepared(const words& text, const std::vector<bound_value>& values) {
+  std::string name = name_of(text, values, generation_);
+  if (prepared_.contains(name)) return name;
+  session_->prepare(name, text.with_parameters(parameter_form::numbered), values);
+  prepared_.insert(name);
+  return name;
 }
 
 }  // namespace ADODB

@@ -3,12 +3,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
-#include <unordered_map>
+#include <unordered_set>
+#include <vector>
 
 #include "store/connection_string.h"
 #include "store/engine.h"
 #include "store/postgresql_session.h"
-#include "store/statement_shape.h"
 
 namespace ADODB {
 
@@ -19,7 +19,8 @@ class postgresql_engine : public engine {
  public:
   explicit postgresql_engine(connection_settings settings);
 
-  [[nodiscard]] result execute(std::string_view statement) override;
+  [[nodiscard]] result execute(const statement& statement) override;
+  [[nodiscard]] result execute(std::string_view text) override;
   void begin(purpose purpose) override;
   void commit() override;
 
@@ -28,13 +29,14 @@ class postgresql_engine : public engine {
 
  private:
   [[nodiscard]] postgresql_session& usable_session();
-  [[nodiscard]] postgresql_answer answer_to(const statement_shape& shape);
-  [[nodiscard]] const std::string& name_of(const statement_shape& shape, const std::string& key);
+  [[nodiscard]] postgresql_answer answer_to(const words& text,
+                                            const std::vector<bound_value>& values);
+  [[nodiscard]] std::string prepared(const words& text, const std::vector<bound_value>& values);
 
   connection_settings settings_;
   std::unique_ptr<postgresql_session> session_;
-  std::unordered_map<std::string, std::string> names_;  ///< of the prepared statements
-  unsigned long prepared_ = 0;
+  std::unordered_set<std::string> prepared_;  ///< the names of the session's prepared statements
+  std::uint64_t generation_ = 0;  ///< of the prepared statements: a changed table ends one
   bool in_transaction_ = false;
 };
 

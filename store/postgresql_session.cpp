@@ -112,22 +112,33 @@ postgresql_session::postgresql_session(const connection_settings& settings)
   run(session_settings);
 }
 
-void postgresql_session::prepare(const std::string& name, const std::string& statement,
-                                 const std::vector<Oid>& types) {
-  const postgresql_answer answer =
-      answer_to(PQsendPrepare(handle_or_fail(), name.c_str(), statement.c_str(),
-                              static_cast<int>(types.size()), types.data()));
-  check(answer.get());
+void postgresql_session::prepare(const std::string& name, const std::string& text,
+                                 const std::vector<bound_value>& values) {
+  std::vector<Oid> types;
+  types.reserve(values.size());
+  for (const bound_value& value : values) types.push_back(value.type);
+  const postgresql_answer answer = answer_to(PQsendPrepare(
+      handle_or_fail(), name.c_str(), text.c_str(), static_cast<int>(types.size()), types.data()));
+  constexpr std::string_view name_is_taken = "42P05";
+  if (field_of(answer.get(), PG_DIAG_SQLSTATE) != name_is_taken) check(answer.get());
 }
 
 postgresql_answer postgresql_session::execute(const std::string& name,
-                                              const std::vector<std::string>& parameters) {
-  std::vector<const char*> values;
-  values.reserve(parameters.size());
-  for (const std::string& parameter : parameters) values.push_back(parameter.c_str());
+                                              const std::vector<bound_value>& values) {
+  std::vector<const char*> texts;
+  texts.reserve(values.size());
+  for (const bound_value& value : values)
+    texts.push_back(value.text ? value.text->c_str() : nullptr);
   return answer_to(PQsendQueryPrepared(handle_or_fail(), name.c_str(),
-                                       static_cast<int>(values.size()), values.data(), nullptr,
+                                       static_cast<int>(texts.size()), texts.data(), nullptr,
                                        nullptr, 0));
+}
+
+postgresql_answer postgresql_session::execute(const std::string& text) {
+  postgresql_answer answer = answer_to(
+      PQsendQueryParams(handle_or_fail(), text.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0));
+  check(answer.get());
+  return answer;
 }
 
 void postgresql_session::run(const std::string& script) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "store/connection_string.h"
+#include "store/postgresql_values.h"
 
 namespace ADODB {
 
@@ -23,13 +24,18 @@ class postgresql_session {
   /// Connects to the existing, writable database that the settings name.
   explicit postgresql_session(const connection_settings& settings);
 
-  /// Prepares the one statement that the text holds; the type 0 leaves a parameter's to the server.
-  void prepare(const std::string& name, const std::string& statement,
-               const std::vector<Oid>& types);
+  /// Prepares the one statement that the text holds, for parameters of the types of `values`. A
+  /// name stands for one text and its types: a session of a pool that has it already has it from
+  /// another program that runs the same statement.
+  void prepare(const std::string& name, const std::string& text,
+               const std::vector<bound_value>& values);
 
   /// Runs a prepared statement in one round trip. A refusal is in the answer, not yet raised.
   [[nodiscard]] postgresql_answer execute(const std::string& name,
-                                          const std::vector<std::string>& parameters);
+                                          const std::vector<bound_value>& values);
+
+  /// Runs the one statement that the text holds, in one round trip.
+  [[nodiscard]] postgresql_answer execute(const std::string& text);
 
   /// Runs all statements of a text and drops their rows.
   void run(const std::string& script);

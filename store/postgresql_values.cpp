@@ -2,9 +2,11 @@
 
 #include <charconv>
 #include <cstdint>
-#include <limits>
 #include <string_view>
+#include <utility>
 #include <variant>
+
+#include "store/error.h"
 
 namespace ADODB {
 namespace {
@@ -19,18 +21,19 @@ constexpr Oid float4_type = 700;
 constexpr Oid float8_type = 701;
 constexpr Oid numeric_type = 1700;
 
-struct literal_type {
-  Oid operator()(std::int64_t number) const {
-    return number <= std::numeric_limits<std::int32_t>::max() ? int4_type : int8_type;
-  }
-  Oid operator()(double) const { return numeric_type; }
-  Oid operator()(const std::string&) const { return decided_by_server; }
-};
+struct binding {
+  bound_value operator()(std::monostate) const { return {decided_by_server, std::nullopt}; }
+  bound_value operator()(bool answer) const { return {boolean_type, answer ? "t" : "f"}; }
+  bound_value operator()(const decimal& number) const { return {numeric_type, number.digits}; }
 
-struct literal_text {
-  std::string operator()(std::int64_t number) const { return std::to_string(number); }
-  std::string operator()(double number) const { return Value(number).text(); }
-  std::string operator()(const std::string& text) const { return text; }
+  bound_value operator()(std::int64_t number) const {
+    return {std::in_range<std::int32_t>(number) ? int4_type : int8_type, std::to_string(number)};
+  }
+
+  bound_value operator()(const std::string& text) const {
+    refuse_zero_character(text);
+    return {decided_by_server, text};
+  }
 };
 
 template <typename Number>
@@ -51,12 +54,13 @@ std::string_view without_needless_zeros(std::string_view digits) {
 
 }  // namespace
 
-Oid type_of(const literal& value) {
-  return std::visit(literal_type(), value);
+bound_value bound(const parameter& value) {
+  return std::visit(binding(), value);
 }
 
-std::string text_of(const literal& value) {
-  return std::visit(literal_text(), value);
+void refuse_zero_character(std::string_view text) {
+  if (text.find('\0') != std::string_view::npos)
+    throw Error(failure_kind::other, "the server can't store a text with a zero character");
 }
 
 void add_cell(result_cells& cells, const PGresult* answer, int row, int column) {

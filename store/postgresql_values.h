@@ -2,19 +2,24 @@
 
 #include <libpq-fe.h>
 
+#include <optional>
 #include <string>
+#include <string_view>
 
 #include "store/result_cells.h"
-#include "store/statement_shape.h"
+#include "store/sql.h"
 
 namespace ADODB {
 
-/// The type by which PostgreSQL knows a literal that stands in a statement; 0 for a text, whose
-/// type its surroundings decide.
-[[nodiscard]] Oid type_of(const literal& value);
+/// A parameter as PostgreSQL takes it.
+struct bound_value {
+  Oid type;  ///< what a literal in its place would have; 0 leaves it to the server, as for a text
+  std::optional<std::string> text;  ///< nothing for null
+};
+[[nodiscard]] bound_value bound(const parameter& value);
 
-/// The literal as the text form of a parameter.
-[[nodiscard]] std::string text_of(const literal& value);
+/// Raises Error for a text that PostgreSQL would read up to its first zero character only.
+void refuse_zero_character(std::string_view text);
 
 /// Adds one cell of an answer. An exact number that is no whole one of 64 bits is the text of its
 /// digits, so that none is lost.

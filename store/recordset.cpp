@@ -33,7 +33,7 @@ Field Fields::Item(std::size_t position) const {
 
 Recordset::Recordset(result rows) : rows_(std::make_shared<const result>(std::move(rows))) {}
 
-void Recordset::Open(std::string_view statement, Connection& connection) {
+void Recordset::Open(const statement& statement, Connection& connection) {
   *this = connection.Execute(statement);
 }
 

@@ -12,6 +12,7 @@
 namespace ADODB {
 
 class Connection;
+struct statement;
 
 using column_names = std::shared_ptr<const std::vector<std::string>>;
 
@@ -56,7 +57,7 @@ class Recordset {
   explicit Recordset(result rows);
 
   /// Runs `statement` on `connection` and stands on the first row; raises what Execute raises.
-  void Open(std::string_view statement, Connection& connection);
+  void Open(const statement& statement, Connection& connection);
   void Close();
 
   /// True on an empty result, after the last row, and on a closed record set.

@@ -1,10 +1,12 @@
 #include "store/sql.h"
 
 #include <algorithm>
+#include <charconv>
 #include <cstddef>
 #include <stdexcept>
 
 #include "store/ascii.h"
+#include "store/error.h"
 
 namespace ADODB {
 namespace {
@@ -19,108 +21,58 @@ bool is_number(std::string_view text) {
          (point == std::string_view::npos || digits(text.substr(point + 1)));
 }
 
-bool may_stand_unquoted(std::string_view text) {
-  return is_number(text) || equal_in_any_case(text, "true") || equal_in_any_case(text, "false") ||
-         equal_in_any_case(text, "null");
+parameter number_or_word(const std::string& text) {
+  std::int64_t whole = 0;
+  const char* const end = text.data() + text.size();
+  if (const auto read = std::from_chars(text.data(), end, whole);
+      read.ec == std::errc() && read.ptr == end)
+    return whole;
+  if (is_number(text)) return decimal{text};
+  if (equal_in_any_case(text, "true")) return true;
+  if (equal_in_any_case(text, "false")) return false;
+  if (equal_in_any_case(text, "null")) return {};
+  // The text is left out of the reason: it may be what a user typed.
+  throw Error(failure_kind::other, "a place for a number holds something else");
 }
 
-/// One filling of a statement text.
-class filling {
- public:
-  filling(std::string_view text, std::initializer_list<place> values)
-      : text_(text), next_(values.begin()), end_(values.end()) {
-    statement_.reserve(text.size() + 32 * values.size());
-  }
+struct text_form {
+  parameter operator()(std::monostate) const { return {}; }
+  parameter operator()(std::int64_t number) const { return std::to_string(number); }
+  parameter operator()(bool answer) const { return Value(answer).text(); }
+  parameter operator()(const std::string& text) const { return text; }
+};
 
-  std::string statement() {
-    while (true) {
-      copy_to_mark();
-      if (position_ == text_.size()) break;
-      if (at_place())
-        fill();
-      else
-        copy_mark();
-    }
-    if (next_ != end_) refuse("more values than places");
-    return std::move(statement_);
-  }
-
- private:
-  [[noreturn]] void refuse(const std::string& reason) const {
-    throw std::logic_error(reason + ": " + std::string(text_));
-  }
-
-  [[nodiscard]] bool at_place() const {
-    return text_[position_] == '<' && position_ + 1 < text_.size() &&
-           is_letter(text_[position_ + 1]);
-  }
-
-  void copy_to_mark() {
-    const std::size_t start = position_;
-    while (position_ < text_.size() && text_[position_] != '<' && text_[position_] != '\'')
-      ++position_;
-    statement_ += text_.substr(start, position_ - start);
-  }
-
-  void copy_mark() {
-    const char mark = text_[position_++];
-    statement_ += mark;
-    if (mark != '\'') return;
-    quoted_ = !quoted_;
-    behind_quote_ = statement_.size();
-  }
-
-  void fill() {
-    const std::size_t end = text_.find('>', position_);
-    if (end == std::string_view::npos) refuse("a place without its end");
-    if (next_ == end_) refuse("more places than values");
-    const place& value = *next_++;
-    position_ = end + 1;
-    if (value.is_null())
-      put_null();
-    else if (quoted_)
-      put_doubled(value.text());
-    else
-      put_unquoted(value.text());
-  }
-
-  void put_null() {
-    if (quoted_) {
-      if (statement_.size() != behind_quote_ || !text_.substr(position_).starts_with('\''))
-        refuse("a null for a part of a quoted text");
-      statement_.pop_back();
-      ++position_;
-      quoted_ = false;
-    }
-    statement_ += "null";
-  }
-
-  void put_doubled(std::string_view value) {
-    for (const char letter : value) {
-      statement_ += letter;
-      if (letter == '\'') statement_ += letter;
-    }
-  }
-
-  // The value is left out of the reason: it may be what a user typed.
-  void put_unquoted(std::string_view value) {
-    if (!may_stand_unquoted(value)) refuse("a text for a place outside quotes");
-    statement_ += value;
-  }
-
-  std::string_view text_;
-  const place* next_;
-  const place* end_;
-  std::size_t position_ = 0;
-  std::string statement_;
-  bool quoted_ = false;
-  std::size_t behind_quote_ = 0;
+struct number_form {
+  parameter operator()(std::monostate) const { return {}; }
+  parameter operator()(std::int64_t number) const { return number; }
+  parameter operator()(bool answer) const { return answer; }
+  parameter operator()(const std::string& text) const { return number_or_word(text); }
 };
 
 }  // namespace
 
-std::string sql(std::string_view text, std::initializer_list<place> values) {
-  return filling(text, values).statement();
+argument::argument(const Value& value) {
+  if (!value.is_null()) content_ = value.text();
+}
+
+parameter argument::quoted() const {
+  return std::visit(text_form(), content_);
+}
+
+parameter argument::unquoted() const {
+  return std::visit(number_form(), content_);
+}
+
+statement sql(const words& text, std::initializer_list<argument> values) {
+  if (values.size() != text.places())
+    throw std::logic_error("another number of values than of places: " + std::string(text.text()));
+  statement made{text, {}};
+  made.parameters.reserve(values.size());
+  for (const argument& value : values) {
+    made.parameters.push_back(text.is_quoted(made.parameters.size()) ? value.quoted()
+                                                                     : value.unquoted());
+  }
+  return made;
 }
 
 }  // namespace ADODB

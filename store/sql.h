@@ -1,41 +1,65 @@
 #pragma once
 
 #include <concepts>
+#include <cstdint>
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <variant>
+#include <vector>
 
 #include "store/value.h"
+#include "store/words.h"
 
 namespace ADODB {
 
-/// The integer types. A char is none here: its place would be filled with its code.
-template <typename Type>
-concept number_type = std::integral<Type> && !std::same_as<Type, bool> && !std::same_as<Type, char>;
-
-/// What fills one place of a statement.
-class place {
- public:
-  place(std::string_view text) : text_(text) {}             // NOLINT(google-explicit-constructor)
-  place(const std::string& text) : text_(text) {}           // NOLINT(google-explicit-constructor)
-  place(const char* text) : text_(text) {}                  // NOLINT(google-explicit-constructor)
-  place(bool answer) : text_(answer ? "True" : "False") {}  // NOLINT(google-explicit-constructor)
-  place(number_type auto number) : text_(std::to_string(number)) {}  // NOLINT
-  /// Null fills a quoted place, quotes included, with the word null.
-  place(const Value& value) : text_(value.text()), null_(value.is_null()) {}  // NOLINT
-
-  [[nodiscard]] const std::string& text() const { return text_; }
-  [[nodiscard]] bool is_null() const { return null_; }
-
- private:
-  std::string text_;
-  bool null_ = false;
+/// A number that is no whole one of 64 bits, as its digits, so that an engine with exact numbers
+/// loses none of them.
+struct decimal {
+  std::string digits;
+  friend bool operator==(const decimal&, const decimal&) = default;
 };
 
-/// Fills the places of a statement text, `<name>`, from left to right in one pass, so that nothing
-/// in a value is ever taken for a place. Inside single quotes each "'" of a value is doubled.
-/// Outside quotes a value must be a number or one of the words True, False and null: anything else
-/// raises std::logic_error, as does a number of values other than the number of places.
-[[nodiscard]] std::string sql(std::string_view text, std::initializer_list<place> values);
+/// What an engine binds for one place: null, a number, a boolean or a text (UTF-8).
+using parameter = std::variant<std::monostate, std::int64_t, decimal, bool, std::string>;
+
+/// A statement to run: its words, and beside them a parameter for each of their places.
+struct statement {
+  words text;
+  std::vector<parameter> parameters;
+};
+
+/// The integer types that fit into 64 bits with a sign. A char is none here: its place would be
+/// filled with its code.
+template <typename Type>
+concept number_type = std::integral<Type> && !std::same_as<Type, bool> &&
+                      !std::same_as<Type, char> && (std::signed_integral<Type> || sizeof(Type) < 8);
+
+/// What a caller gives for one place of a statement.
+class argument {
+ public:
+  argument(std::string_view text)
+      : content_(std::string(text)) {}                   // NOLINT(google-explicit-constructor)
+  argument(const std::string& text) : content_(text) {}  // NOLINT(google-explicit-constructor)
+  argument(const char* text)
+      : content_(std::string(text)) {}         // NOLINT(google-explicit-constructor)
+  argument(bool answer) : content_(answer) {}  // NOLINT(google-explicit-constructor)
+  argument(number_type auto number) : content_(std::int64_t{number}) {}  // NOLINT
+  argument(const Value& value);  // NOLINT(google-explicit-constructor)
+
+  /// For a place in quotes, which takes everything as its text form.
+  [[nodiscard]] parameter quoted() const;
+  /// For a place outside quotes, which takes numbers, True, False and null, be it as a text. Any
+  /// other text raises Error.
+  [[nodiscard]] parameter unquoted() const;
+
+ private:
+  std::variant<std::monostate, std::int64_t, bool, std::string> content_;
+};
+
+/// The statement of these words, their places filled from left to right. A null makes its place
+/// null, quoted or not. Raises Error for a text outside quotes that doesn't belong there, and
+/// std::logic_error for another number of values than of places.
+[[nodiscard]] statement sql(const words& text, std::initializer_list<argument> values);
 
 }  // namespace ADODB

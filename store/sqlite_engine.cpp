@@ -1,5 +1,6 @@
 #include "store/sqlite_engine.h"
 
+#include <charconv>
 #include <memory>
 #include <utility>
 
@@ -8,9 +9,6 @@
 
 namespace ADODB {
 namespace {
-
-// Far more shapes than the system has; only texts with something unusual in them come near it.
-constexpr std::size_t kept_statements = 256;
 
 void use_wal_mode(sqlite_database& database) {
   if (database.first_cell("PRAGMA journal_mode=WAL") != "wal")
@@ -37,10 +35,18 @@ struct binder {
   sqlite3_stmt* statement;
   int position;
 
+  int operator()(std::monostate) const { return sqlite3_bind_null(statement, position); }
   int operator()(std::int64_t number) const {
     return sqlite3_bind_int64(statement, position, number);
   }
-  int operator()(double number) const { return sqlite3_bind_double(statement, position, number); }
+  int operator()(const decimal& number) const {
+    double nearest = 0;
+    const char* const end = number.digits.data() + number.digits.size();
+    if (std::from_chars(number.digits.data(), end, nearest).ec != std::errc())
+      return (*this)(number.digits);  // too large; the column's type decides what becomes of it
+    return sqlite3_bind_double(statement, position, nearest);
+  }
+  int operator()(bool answer) const { return (*this)(std::int64_t{answer}); }
   // The text outlives the use of the statement, so that SQLite needs no copy.
   int operator()(const std::string& text) const {
     return sqlite3_bind_text64(statement, position, text.data(), text.size(), SQLITE_STATIC,
@@ -101,15 +107,13 @@ sqlite_engine::sqlite_engine(const std::string& path) : database_(path) {
   }
 }
 
-result sqlite_engine::execute(std::string_view statement) {
-  // Going on would write for good what was meant to be taken back as a whole.
-  if (in_transaction_ && !database_.has_transaction())
-    throw Error(failure_kind::other, "the transaction was taken back after a failure");
-  const statement_shape shape = lift_literals(statement, placeholder::question_mark);
-  kept_statement& kept = statement_of(shape.text);
-  const use_of use(kept.handle.get());
-  bind(kept.handle.get(), shape.literals);
-  return run(kept);
+result sqlite_engine::execute(const statement& statement) {
+  return run(kept_statement_of(statement.text), statement.parameters);
+}
+
+result sqlite_engine::execute(std::string_view text) {
+  prepared_statement once = prepare(text);
+  return run(once, {});
 }
 
 void sqlite_engine::begin(purpose purpose) {
@@ -128,25 +132,38 @@ void sqlite_engine::rollback() {
   in_transaction_ = false;
 }
 
-sqlite_engine::kept_statement& sqlite_engine::statement_of(const std::string& shape) {
-  if (const auto found = statements_.find(shape); found != statements_.end()) return found->second;
-  kept_statement fresh;
-  fresh.handle = database_.prepare(shape);
+sqlite_engine::prepared_statement sqlite_engine::prepare(std::string_view text) {
+  prepared_statement fresh;
+  fresh.handle = database_.prepare(text);
   fresh.columns = names_of(fresh.handle.get());
   fresh.is_boolean = boolean_columns_of(fresh.handle.get());
-  if (statements_.size() >= kept_statements) statements_.clear();
-  return statements_.emplace(shape, std::move(fresh)).first->second;
+  return fresh;
 }
 
-void sqlite_engine::bind(sqlite3_stmt* statement, const std::vector<literal>& literals) const {
-  if (static_cast<std::size_t>(sqlite3_bind_parameter_count(statement)) != literals.size())
+sqlite_engine::prepared_statement& sqlite_engine::kept_statement_of(const words& text) {
+  if (const auto found = statements_.find(text); found != statements_.end()) return found->second;
+  return statements_.emplace(text, prepare(text.with_parameters(parameter_form::question_mark)))
+      .first->second;
+}
+
+result sqlite_engine::run(prepared_statement& statement, const std::vector<parameter>& parameters) {
+  // Going on would write for good what was meant to be taken back as a whole.
+  if (in_transaction_ && !database_.has_transaction())
+    throw Error(failure_kind::other, "the transaction was taken back after a failure");
+  const use_of use(statement.handle.get());
+  bind(statement.handle.get(), parameters);
+  return rows_of(statement);
+}
+
+void sqlite_engine::bind(sqlite3_stmt* statement, const std::vector<parameter>& parameters) const {
+  if (static_cast<std::size_t>(sqlite3_bind_parameter_count(statement)) != parameters.size())
     throw Error(failure_kind::other, "the statement leaves a value open");
   int position = 0;
-  for (const literal& value : literals)
+  for (const parameter& value : parameters)
     database_.check(std::visit(binder{statement, ++position}, value));
 }
 
-result sqlite_engine::run(kept_statement& statement) {
+result sqlite_engine::rows_of(prepared_statement& statement) {
   sqlite3_stmt* const handle = statement.handle.get();
   bool has_row = database_.step(handle);
   // A changed table is noticed by the first step, which then prepares the statement anew.

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -9,7 +8,6 @@
 
 #include "store/engine.h"
 #include "store/sqlite_database.h"
-#include "store/statement_shape.h"
 
 namespace ADODB {
 
@@ -20,28 +18,32 @@ class sqlite_engine : public engine {
   /// Opens the existing file at `path` (UTF-8).
   explicit sqlite_engine(const std::string& path);
 
-  [[nodiscard]] result execute(std::string_view statement) override;
+  [[nodiscard]] result execute(const statement& statement) override;
+  [[nodiscard]] result execute(std::string_view text) override;
   void begin(purpose purpose) override;
   void commit() override;
   void rollback() override;
 
  private:
-  struct kept_statement {
+  struct prepared_statement {
     sqlite_statement handle;
     int preparations = 0;  ///< how often SQLite had prepared it anew when the columns were read
     column_names columns;
     std::vector<bool> is_boolean;
   };
-  struct text_hash : std::hash<std::string_view> {
-    using is_transparent = void;
+  struct words_hash {
+    std::size_t operator()(const words& text) const { return text.fingerprint().hash(); }
   };
 
-  [[nodiscard]] kept_statement& statement_of(const std::string& shape);
-  void bind(sqlite3_stmt* statement, const std::vector<literal>& literals) const;
-  [[nodiscard]] result run(kept_statement& statement);
+  [[nodiscard]] prepared_statement prepare(std::string_view text);
+  [[nodiscard]] prepared_statement& kept_statement_of(const words& text);
+  [[nodiscard]] result run(prepared_statement& statement, const std::vector<parameter>& parameters);
+  void bind(sqlite3_stmt* statement, const std::vector<parameter>& parameters) const;
+  [[nodiscard]] result rows_of(prepared_statement& statement);
 
   sqlite_database database_;
-  std::unordered_map<std::string, kept_statement, text_hash, std::equal_to<>> statements_;
+  /// One for each text in the program that was run so far, so that there is an end to them.
+  std::unordered_map<words, prepared_statement, words_hash> statements_;
   bool in_transaction_ = false;
 };
 

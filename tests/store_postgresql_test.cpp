@@ -17,7 +17,8 @@ class PostgresqlEngine : public testing::Test {
  protected:
   PostgresqlEngine() { connection.Open(store.connect_string()); }
 
-  [[nodiscard]] Value value_of(const std::string& statement) {
+  template <class Statement>
+  [[nodiscard]] Value value_of(const Statement& statement) {
     return connection.Execute(statement).Fields().Item(0).Value();
   }
 
@@ -36,20 +37,29 @@ bool holds(const Error& failure, const std::string& text) {
 }
 
 TEST_F(PostgresqlEngine, LosesNoDigitOfANumber) {
-  const auto stored = [&](const std::string& number) {
+  const auto stored = [&](const words& insert, const std::string& number) {
     connection.Execute("delete from replace_cond");
-    connection.Execute(
-        "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,1," + number +
-        ")");
+    connection.Execute(sql(insert, {number}));
     return value_of("select n_f_val from replace_cond");
   };
+  const auto quoted = [&](const std::string& number) {
+    return stored(
+        "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,1,'<n>')",
+        number);
+  };
+  const auto unquoted = [&](const std::string& number) {
+    return stored(
+        "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,1,<n>)",
+        number);
+  };
   for (const std::string number : {"12345678901234567890.1234567890123", "-0.000000000000000000001",
-                                   "98765432109876543210", "-123.456", "0.5"})
-    for (const std::string& form : {number, "'" + number + "'"})
-      EXPECT_EQ(stored(form), Value(number)) << form;
-  EXPECT_EQ(stored("'1.50'"), Value(std::string("1.5")));
-  EXPECT_EQ(stored("100.00"), Value(std::int64_t{100}));
-  EXPECT_EQ(stored("-2147483648"), Value(std::int64_t{-2147483648}));
+                                   "98765432109876543210", "-123.456", "0.5"}) {
+    EXPECT_EQ(quoted(number), Value(number));
+    EXPECT_EQ(unquoted(number), Value(number));
+  }
+  EXPECT_EQ(quoted("1.50"), Value(std::string("1.5")));
+  EXPECT_EQ(unquoted("100.00"), Value(std::int64_t{100}));
+  EXPECT_EQ(unquoted("-2147483649"), Value(std::int64_t{-2147483649}));
 }
 
 TEST_F(PostgresqlEngine, GivesEveryTypeItsKindOfValue) {
@@ -63,31 +73,32 @@ TEST_F(PostgresqlEngine, GivesEveryTypeItsKindOfValue) {
   EXPECT_EQ(value_of("select '2005-02-28'::date"), Value(std::string("2005-02-28")));
 }
 
-// Literals are lifted out, so their types must come out as they would have where they stood.
+// A parameter must come out as a literal would have where its place stands.
 TEST_F(PostgresqlEngine, TakesEveryFormInWhichValuesAreWritten) {
-  for (const char* statement : {
-           "insert into replace_m(replace_no,replace_m_no,replace_cond_type,p_replace_m_no) "
-           "values(1,'1',0,0)",
-           "update replace_m set use_type='R',r_mmedia_filename='a'where replace_no= 1 and "
-           "replace_m_no='1'",
-           "INSERT INTO REPLACE_COND ( REPLACE_COND_NO, SNO, S_METHOD, N_F_VAL, B_VAL, REPLACE_NO "
-           ") "
-           "VALUES ( 1 , '1' , '2' , -5 , True , 1 )",
-           "update replace_cond set b_val=False where replace_no=1 and replace_cond_no='1'",
-           "update seqno set replace = replace+1",
-       })
-    connection.Execute(statement);
-  EXPECT_EQ(
-      store.rows("select replace_cond_type,r_mmedia_filename from replace_m where use_type='R'"),
-      std::vector<std::string>{"0|a"});
+  connection.Execute(
+      sql("insert into replace_m(replace_no,replace_m_no,replace_cond_type,p_replace_m_no) "
+          "values(<a>,'<b>',<c>,<d>)",
+          {1, 1, 0, Value()}));
+  connection.Execute(
+      sql("update replace_m set use_type='R',r_mmedia_filename='<a>'where replace_no= <b> and "
+          "replace_m_no='<c>'",
+          {"C:\\new\\1", "1", 1}));
+  for (const char* answer : {"null", "True"}) {
+    connection.Execute("delete from replace_cond");
+    connection.Execute(sql(
+        "INSERT INTO REPLACE_COND ( REPLACE_COND_NO, SNO, S_METHOD, N_F_VAL, B_VAL, REPLACE_NO ) "
+        "VALUES ( %01 , '%02' , '%03' , %04 , %05 , %06 )",
+        {1, 1, 2, -5, answer, 1}));
+  }
+  EXPECT_EQ(store.rows("select replace_cond_type,p_replace_m_no,r_mmedia_filename from replace_m "
+                       "where use_type='R'"),
+            std::vector<std::string>{"0|null|C:\\new\\1"});
   EXPECT_EQ(store.rows("select s_method,n_f_val,b_val from replace_cond where n_f_val<-4.5"),
-            std::vector<std::string>{"2|-5|False"});
-  EXPECT_EQ(value_of("select E'it\\'s 5'"), Value(std::string("it's 5")));
+            std::vector<std::string>{"2|-5|True"});
   EXPECT_EQ(value_of("select $$it's 5$$"), Value(std::string("it's 5")));
-  EXPECT_EQ(value_of("select 'C:\\new\\1'"), Value(std::string("C:\\new\\1")));
   EXPECT_THROW(connection.Execute("select 1 where 1=$1"), Error);
   EXPECT_THROW(connection.Execute(std::string("select 'a\0b'", 12)), Error);
-  EXPECT_EQ(last_number(connection, "replace"), 1);
+  EXPECT_THROW(connection.Execute(sql("select '<a>'", {std::string("a\0b", 3)})), Error);
 }
 
 TEST_F(PostgresqlEngine, PreparesAnewWhatTheServerHasForgotten) {
@@ -95,6 +106,20 @@ TEST_F(PostgresqlEngine, PreparesAnewWhatTheServerHasForgotten) {
   connection.Execute("deallocate all");
   advance_number(connection, "replace");
   EXPECT_EQ(last_number(connection, "replace"), 2);
+}
+
+// As in a session of a pool, in which another program has prepared statements before.
+TEST_F(PostgresqlEngine, SharesPreparedStatementsThatStandForTheSameText) {
+  constexpr words text = "select '<a>' as shared";
+  connection.Execute(sql(text, {"a"}));
+  const std::string prepare = value_of(
+                                  "select 'prepare '||name||' as '||statement from "
+                                  "pg_prepared_statements where statement like '%as shared'")
+                                  .text();
+  cut_the_session();
+  EXPECT_THROW(connection.Execute("select 1"), Error);
+  connection.Execute(prepare);
+  EXPECT_EQ(value_of(sql(text, {"b"})), Value(std::string("b")));
 }
 
 TEST_F(PostgresqlEngine, ConnectsAnewAfterTheCommandThatMetTheLoss) {

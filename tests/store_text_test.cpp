@@ -6,7 +6,6 @@
 
 #include "store/connection_string.h"
 #include "store/sql.h"
-#include "store/statement_shape.h"
 #include "store_failure.h"
 
 using namespace ADODB;
@@ -49,20 +48,44 @@ TEST(ConnectionString, RefusesWhatItCannotReadWithoutTellingContent) {
             std::string::npos);
 }
 
-TEST(Sql, FillsInOnePassAndDoublesApostrophes) {
-  EXPECT_EQ(sql("select '<a>', '<b>' from t where n=<n> and m<3",
-                {"O'Neil <b> %10", "'<a>'", std::int64_t{-7}}),
-            "select 'O''Neil <b> %10', '''<a>''' from t where n=-7 and m<3");
-  EXPECT_EQ(sql("values('x<a>', '<b>', <c>, <d>, <e>)", {"'", Value(), Value(), true, Value(0.1)}),
-            "values('x''', null, null, True, 0.1)");
+using parameters = std::vector<parameter>;
+constexpr std::monostate null;
+
+TEST(Sql, KeepsValuesBesideTheWords) {
+  const statement look_up =
+      sql("select ' ','<a>' from t where b= '<b c>'and n=<n> and m<3", {"O'Neil <b> %1", -7, "-7"});
+  EXPECT_EQ(look_up.text.with_parameters(parameter_form::numbered),
+            "select ' ',$1 from t where b= $2 and n=$3 and m<3");
+  EXPECT_EQ(look_up.parameters, (parameters{"O'Neil <b> %1", "-7", std::int64_t{-7}}));
+
+  const statement row =
+      sql("values('%01' , %02 , '%03','%4')", {Value(), Value(), true, Value(0.1)});
+  EXPECT_EQ(row.text.with_parameters(parameter_form::question_mark), "values(? , ? , ?,?)");
+  EXPECT_EQ(row.parameters, (parameters{null, null, "True", "0.1"}));
 }
 
-TEST(Sql, LetsNothingButNumbersAndWordsStandOutsideQuotes) {
-  for (const char* text : {"", "1 or 1=1", "x", "1;", "--1", "1.", "'a'", "1e5"})
-    EXPECT_THROW((void)sql("select <a>", {text}), std::logic_error) << text;
-  EXPECT_THROW((void)sql("select <a>", {}), std::logic_error);
-  EXPECT_THROW((void)sql("select <a>", {1, 2}), std::logic_error);
-  EXPECT_THROW((void)sql("select 'a<a>'", {Value()}), std::logic_error);
+TEST(Sql, LetsNothingButNumbersAndWordsIntoPlacesOutsideQuotes) {
+  const auto taken = [](const argument& value) { return sql("<a>", {value}).parameters.front(); };
+  EXPECT_EQ(taken("tRUE"), parameter(true));
+  EXPECT_EQ(taken(Value(false)), parameter(false));
+  EXPECT_EQ(taken("NULL"), parameter(null));
+  EXPECT_EQ(taken("-9223372036854775808"), parameter(std::numeric_limits<std::int64_t>::min()));
+  EXPECT_EQ(taken("9223372036854775808"), parameter(decimal{"9223372036854775808"}));
+  EXPECT_EQ(taken(Value(-0.5)), parameter(decimal{"-0.5"}));
+  for (const char* text : {"", "-", "1 or 1=1", "x", "1;", "--1", "+1", "1.", "'a'", "1e5", "nan"})
+    EXPECT_EQ(std::string(failure_of([&] { (void)taken(text); }).what()),
+              "a place for a number holds something else")
+        << text;
+  EXPECT_THROW((void)sql("<a>", {}), std::logic_error);
+  EXPECT_THROW((void)sql("<a>", {1, 2}), std::logic_error);
+}
+
+// In the words of a statement the compiler reports these.
+TEST(Sql, RefusesMisplacedPlaces) {
+  for (const char* text : {"'x<a>'", "'<a>x'", "'%1", "<a", "%2", "'x"}) {
+    place_finder places(text);
+    EXPECT_THROW((void)places.next(), std::logic_error) << text;
+  }
 }
 
 TEST(Value, HasTheShortestTextThatReadsBackTheSame) {
@@ -84,42 +107,6 @@ TEST(Value, CountsAsANumberOnlyAsAWhole) {
     EXPECT_THROW((void)value.number(), Error) << value.text();
   EXPECT_TRUE(Value(std::int64_t{2}).truth());
   EXPECT_THROW((void)Value().truth(), Error);
-}
-
-using literals = std::vector<literal>;
-
-TEST(StatementShape, LiftsLiteralsAndNothingElse) {
-  const auto shape = [](std::string_view text) {
-    return lift_literals(text, placeholder::question_mark);
-  };
-  const auto look_up = shape("select r_text1,\"a 'b' 2\" from t2 where a='it''s -- 5' and b=-42");
-  EXPECT_EQ(look_up.text, "select r_text1,\"a 'b' 2\" from t2 where a=? and b=-?");
-  EXPECT_EQ(look_up.literals, (literals{"it's -- 5", std::int64_t{42}}));
-
-  const auto insert = shape(
-      " INSERT INTO t(a) VALUES('',1.5,.5,2e3,9223372036854775807,9223372036854775808,True,0x1F)");
-  EXPECT_EQ(insert.text, " INSERT INTO t(a) VALUES(?,?,?,?,?,9223372036854775808,True,0x1F)");
-  EXPECT_EQ(insert.literals,
-            (literals{"", 1.5, .5, 2e3, std::numeric_limits<std::int64_t>::max()}));
-
-  EXPECT_EQ(shape("update t set a=' 'where b=x'00' /* '1' */ -- 2\n or c=3").text,
-            "update t set a=? where b=x'00' /* '1' */ -- 2\n or c=?");
-  EXPECT_EQ(shape("select a,1 from t where 番号1=1 order by 2").text,
-            "select a,? from t where 番号1=? order by 2");
-  EXPECT_EQ(lift_literals("update t set a=1,b='x'where c=''", placeholder::numbered).text,
-            "update t set a=$1,b=$2 where c=$3");
-  EXPECT_EQ(shape("select 123456789.123456,1234567890.123456").text, "select ?,1234567890.123456");
-}
-
-TEST(StatementShape, LeavesAloneWhatItMustNotTouch) {
-  for (const char* text :
-       {"CREATE TABLE t(a CHECK (a<5))", "PRAGMA busy_timeout=5", "",
-        "select * from t where a=1 and b='open", "select \"open from t where a=1",
-        "select 1 from t where a=$1", "select $$it's 5$$,1", "select 1,E'it\\'s 5'"}) {
-    const auto shape = lift_literals(text, placeholder::question_mark);
-    EXPECT_EQ(shape.text, text);
-    EXPECT_TRUE(shape.literals.empty()) << text;
-  }
 }
 
 }  // namespace

@@ -41,6 +41,10 @@ void test_store::run(std::string_view statement) {
   connection_.Execute(statement);
 }
 
+void test_store::run(const ADODB::statement& statement) {
+  connection_.Execute(statement);
+}
+
 void test_store::run_all(const std::vector<std::string>& statements) {
   for (const std::string& statement : statements) run(statement);
 }

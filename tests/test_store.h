@@ -24,6 +24,7 @@ class test_store {
   [[nodiscard]] const std::filesystem::path& folder() const { return folder_; }
 
   void run(std::string_view statement);
+  void run(const ADODB::statement& statement);
   void run_all(const std::vector<std::string>& statements);
   /// The rows of a select, the columns of a row separated by "|", null as "null".
   [[nodiscard]] std::vector<std::string> rows(std::string_view statement);

@@ -2,12 +2,10 @@
 
 #include <array>
 
-#include "store/sql.h"
-
 namespace ta_vorlumine {
 namespace {
 
-using statements = std::array<const char*, value_kinds>;
+using statements = std::array<ADODB::words, value_kinds>;
 
 constexpr statements updates = {
     "update replace_m set replace_title='<title>',replace_type='S',r_text='<value>',"
@@ -53,13 +51,13 @@ constexpr statements inserts = {
 
 }  // namespace
 
-std::string update_statement(const value_entry& value, const std::string& key,
-                             std::int16_t replace_no) {
+ADODB::statement update_statement(const value_entry& value, const std::string& key,
+                                  std::int16_t replace_no) {
   return ADODB::sql(updates.at(value.kind), {value.title, value.content, key, replace_no});
 }
 
-std::string insert_statement(const value_entry& value, std::int16_t new_no,
-                             const std::string& parent, std::int16_t replace_no) {
+ADODB::statement insert_statement(const value_entry& value, std::int16_t new_no,
+                                  const std::string& parent, std::int16_t replace_no) {
   return ADODB::sql(inserts.at(value.kind),
                     {new_no, parent, value.title, value.content, replace_no});
 }

@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <string>
 
+#include "store/sql.h"
+
 namespace ta_vorlumine {
 
 /// What a value holds, by its place among the options of the value dialog.
@@ -25,11 +27,11 @@ struct value_entry {
 
 /// Writes the value into the row `key` of the rule tree of the definition `replace_no`. The columns
 /// of the other kinds go blank, but that a field leaves the text of earlier days in its place.
-[[nodiscard]] std::string update_statement(const value_entry& value, const std::string& key,
-                                           std::int16_t replace_no);
+[[nodiscard]] ADODB::statement update_statement(const value_entry& value, const std::string& key,
+                                                std::int16_t replace_no);
 
 /// Adds the value as row `new_no` below the row `parent`.
-[[nodiscard]] std::string insert_statement(const value_entry& value, std::int16_t new_no,
-                                           const std::string& parent, std::int16_t replace_no);
+[[nodiscard]] ADODB::statement insert_statement(const value_entry& value, std::int16_t new_no,
+                                                const std::string& parent, std::int16_t replace_no);
 
 }  // namespace ta_vorlumine
