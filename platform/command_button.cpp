@@ -25,8 +25,8 @@ class push_button : public QPushButton {
 
 }  // namespace
 
-CommandButton::CommandButton(Form& form, std::string name, std::string caption, role role)
-    : Control(form, std::move(name)), caption_(std::move(caption)), role_(role) {}
+CommandButton::CommandButton(Form& form, std::string name, std::string caption, role button_role)
+    : Control(form, std::move(name)), caption_(std::move(caption)), role_(button_role) {}
 
 std::unique_ptr<native> CommandButton::make() {
   auto* button = new push_button(to_toolkit(caption_));

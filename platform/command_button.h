@@ -11,7 +11,7 @@ class CommandButton : public Control {
   /// `role` default: Enter in a field of the form presses the button.
   enum class role { plain, standard };
 
-  CommandButton(Form& form, std::string name, std::string caption, role role = role::plain);
+  CommandButton(Form& form, std::string name, std::string caption, role button_role = role::plain);
 
   std::function<void()> on_click;
 

@@ -13,12 +13,12 @@
 
 namespace platform {
 
-Form::Form(std::string name, std::string caption, int width, int height, frame frame)
+Form::Form(std::string name, std::string caption, int width, int height, frame window_frame)
     : name_(std::move(name)),
       caption_(std::move(caption)),
       width_(width),
       height_(height),
-      frame_(frame) {}
+      frame_(window_frame) {}
 
 Form::~Form() = default;
 

@@ -28,7 +28,7 @@ class Form {
 
   /// Width and height in twips; a window whose controls need more room takes it.
   Form(std::string name, std::string caption, int width, int height,
-       frame frame = frame::resizable);
+       frame window_frame = frame::resizable);
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
   ~Form();

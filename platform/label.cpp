@@ -9,8 +9,11 @@
 
 namespace platform {
 
-Label::Label(Form& form, std::string name, std::string caption, Control* buddy, lines lines)
-    : Control(form, std::move(name)), caption_(std::move(caption)), buddy_(buddy), lines_(lines) {}
+Label::Label(Form& form, std::string name, std::string caption, Control* buddy, lines label_lines)
+    : Control(form, std::move(name)),
+      caption_(std::move(caption)),
+      buddy_(buddy),
+      lines_(label_lines) {}
 
 std::unique_ptr<native> Label::make() {
   auto* label = new QLabel(to_toolkit(caption_));

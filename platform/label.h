@@ -11,7 +11,7 @@ class Label : public Control {
   enum class lines { as_needed, two };
 
   Label(Form& form, std::string name, std::string caption = {}, Control* buddy = nullptr,
-        lines lines = lines::as_needed);
+        lines label_lines = lines::as_needed);
 
   void set_caption(const std::string& caption);
 

@@ -11,7 +11,7 @@ struct box {
   enum class kind { control, stretch, row, column, fields };
 
   box(Control& control) : what(kind::control), one(&control) {}  // NOLINT: reads like the window
-  box(kind what, std::vector<box> parts) : what(what), parts(std::move(parts)) {}
+  box(kind shape, std::vector<box> inside) : what(shape), parts(std::move(inside)) {}
 
   kind what;
   Control* one = nullptr;

@@ -13,8 +13,8 @@
 
 namespace platform {
 
-TextBox::TextBox(Form& form, std::string name, lines lines)
-    : Control(form, std::move(name)), lines_(lines) {}
+TextBox::TextBox(Form& form, std::string name, lines box_lines)
+    : Control(form, std::move(name)), lines_(box_lines) {}
 
 std::unique_ptr<native> TextBox::make() {
   if (lines_ == lines::several) {

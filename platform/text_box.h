@@ -13,7 +13,7 @@ class TextBox : public Control {
  public:
   enum class lines { one, one_tall, several };
 
-  TextBox(Form& form, std::string name, lines lines = lines::one);
+  TextBox(Form& form, std::string name, lines box_lines = lines::one);
 
   std::function<void()> on_change;
 

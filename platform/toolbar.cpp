@@ -90,10 +90,10 @@ void Toolbar::enable(std::string_view key, bool enabled) {
 }
 
 void Toolbar::enable(int position, bool enabled) {
-  QToolButton* const button =
+  QToolButton* const widget =
       static_cast<toolbar_peer&>(peer()).buttons.at(static_cast<std::size_t>(position) - 1);
-  if (!enabled && rest && button->window()->focusWidget() == button) rest->set_focus();
-  button->setEnabled(enabled);
+  if (!enabled && rest && widget->window()->focusWidget() == widget) rest->set_focus();
+  widget->setEnabled(enabled);
 }
 
 }  // namespace platform

@@ -19,11 +19,11 @@ QModelIndex index_of(const QTableView& view, cell_place cell) {
 
 }  // namespace
 
-grid_edit::grid_edit(QTableView& view, grid_cells& cells, grid_model& model, events events)
+grid_edit::grid_edit(QTableView& view, grid_cells& cells, grid_model& model, events handlers)
     : view_(view),
       cells_(cells),
       model_(model),
-      events_(std::move(events)),
+      events_(std::move(handlers)),
       editor_(*view.viewport()),
       list_(view) {
   list_.on_pick = [this](const std::string& number) { choose(listed_, number); };

@@ -26,7 +26,7 @@ class grid_edit {
   };
 
   /// `view` shows `cells` through `model`.
-  grid_edit(QTableView& view, grid_cells& cells, grid_model& model, events events);
+  grid_edit(QTableView& view, grid_cells& cells, grid_model& model, events handlers);
 
   bool enabled = false;
   int limit = 0;  ///< the most characters that the text editor takes, 0 for any number

@@ -15,10 +15,10 @@ struct RGB {
   std::uint8_t green = 0;
   std::uint8_t blue = 0;
   RGB() = default;
-  RGB(int red, int green, int blue)
-      : red(static_cast<std::uint8_t>(red)),
-        green(static_cast<std::uint8_t>(green)),
-        blue(static_cast<std::uint8_t>(blue)) {}
+  RGB(int r, int g, int b)
+      : red(static_cast<std::uint8_t>(r)),
+        green(static_cast<std::uint8_t>(g)),
+        blue(static_cast<std::uint8_t>(b)) {}
 };
 
 struct tree_node {
