@@ -8,11 +8,11 @@ set(INTERFACE_VERSION ${PROJECT_VERSION_MAJOR}.${PROJECT_VERSION_MINOR})
 set_target_properties(ta_vorlumine PROPERTIES
   VERSION ${PROJECT_VERSION} SOVERSION ${INTERFACE_VERSION})
 target_include_directories(ta_vorlumine INTERFACE
-  $<BUILD_INTERFACE:${CMAKE_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
+  $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}>)
 
 install(TARGETS ta_vorlumine EXPORT ta_vorlumine)
-install(TARGETS rule_store)
-install(DIRECTORY ${CMAKE_SOURCE_DIR}/include/ta_vorlumine DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+install(TARGETS vorlumine_rule_store)
+install(DIRECTORY ${PROJECT_SOURCE_DIR}/include/ta_vorlumine DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
 
 # The windows are no part of the interface: a host that finds the library needs nothing else, and so
 # the exported targets are the whole package config.

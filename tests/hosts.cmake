@@ -14,11 +14,11 @@ if(VORLUMINE_SANITIZE)
   set(quiet ASAN_OPTIONS=detect_leaks=0)
 endif()
 
-set(example ${CMAKE_CURRENT_SOURCE_DIR}/example_host $<TARGET_FILE:rule_store>)
+set(example ${CMAKE_CURRENT_SOURCE_DIR}/example_host $<TARGET_FILE:vorlumine_rule_store>)
 add_test(NAME example_c COMMAND ${example} $<TARGET_FILE:example_host>)
 add_test(NAME example_thread COMMAND ${example} $<TARGET_FILE:example_host_thread>)
 add_test(NAME example_python
-  COMMAND ${example} ${python} python3 ${CMAKE_SOURCE_DIR}/examples/host.py)
+  COMMAND ${example} ${python} python3 ${PROJECT_SOURCE_DIR}/examples/host.py)
 add_test(NAME installed_library
   COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/installed_library ${CMAKE_BINARY_DIR} ${sanitizers})
 set_tests_properties(example_c example_thread example_python installed_library PROPERTIES
