@@ -1,23 +1,10 @@
 #include "conditions/date_text.h"
 
-#include <charconv>
 #include <cstdio>
 
 #include "platform/text_box.h"
 
 namespace ta_vorlumine {
-namespace {
-
-std::optional<int> digits(std::string_view text) {
-  for (const char c : text) {
-    if (c < '0' || c > '9') return {};
-  }
-  int number = 0;
-  std::from_chars(text.data(), text.data() + text.size(), number);
-  return number;
-}
-
-}  // namespace
 
 bool has_date_form(std::string_view text, char separator) {
   if (platform::character_count(text) != 10) return false;
@@ -29,18 +16,6 @@ bool has_date_form(std::string_view text, char separator) {
     if (starts && (character == 5 || character == 8) && byte != separator) return false;
   }
   return true;
-}
-
-std::optional<std::chrono::sys_days> read_date(std::string_view text) {
-  if (text.size() != 10 || text[4] != text[7] || (text[4] >= '0' && text[4] <= '9')) return {};
-  const auto year = digits(text.substr(0, 4));
-  const auto month = digits(text.substr(5, 2));
-  const auto day = digits(text.substr(8, 2));
-  if (!year || !month || !day) return {};
-  const auto date = std::chrono::year(*year) / std::chrono::month(static_cast<unsigned>(*month)) /
-                    std::chrono::day(static_cast<unsigned>(*day));
-  if (!date.ok()) return {};
-  return std::chrono::sys_days(date);
 }
 
 std::string write_date(std::chrono::year_month_day day, char separator) {

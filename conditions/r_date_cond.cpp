@@ -3,6 +3,7 @@
 #include "conditions/date_text.h"
 #include "conditions/range_lines.h"
 #include "platform/messages.h"
+#include "store/text_values.h"
 
 namespace ta_vorlumine {
 namespace {
@@ -27,8 +28,8 @@ const range_statements statements{
 // can't be compared; the row stays for the user to look at.
 bool check_date_row(const line_cells& row, int number) {
   if (row[from_value].empty() || row[to_value].empty()) return true;
-  auto lower = read_date(row[from_value]);
-  auto upper = read_date(row[to_value]);
+  auto lower = ADODB::read_date(row[from_value]);
+  auto upper = ADODB::read_date(row[to_value]);
   if (!lower || !upper) return false;
   if (row[from_method] == "2") *lower += std::chrono::days(1);
   if (row[to_method] == "2") *upper -= std::chrono::days(1);
@@ -58,7 +59,7 @@ void r_date_cond::validate(VSFlexGrid& fg, int col) const {
     platform::message("日付無効.(フォーマット:)" + today);
     fg.EditText(today);
   }
-  if (!read_date(fg.EditText())) platform::message("日付無効.範囲エラー！");
+  if (!ADODB::read_date(fg.EditText())) platform::message("日付無効.範囲エラー！");
 }
 
 }  // namespace ta_vorlumine

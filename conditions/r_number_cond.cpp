@@ -1,8 +1,8 @@
 #include "conditions/r_number_cond.h"
 
 #include "conditions/range_lines.h"
-#include "conditions/typed_number.h"
 #include "platform/messages.h"
+#include "store/text_values.h"
 
 namespace ta_vorlumine {
 namespace {
@@ -26,8 +26,8 @@ const range_statements statements{
 // What is no number can't be compared; the row stays for the user to look at.
 bool check_number_row(const line_cells& row, int number) {
   if (row[from_value].empty() || row[to_value].empty()) return true;
-  const auto lower = typed_number(row[from_value]);
-  const auto upper = typed_number(row[to_value]);
+  const auto lower = ADODB::read_number(row[from_value]);
+  const auto upper = ADODB::read_number(row[to_value]);
   if (!lower || !upper) return false;
   if (*lower <= *upper) return true;
   platform::message("第" + std::to_string(number) + "行目：数字の指定が正しくありません");

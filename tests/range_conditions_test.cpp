@@ -2,8 +2,8 @@
 
 #include "condition_dialogs.h"
 #include "conditions/r_date_cond.h"
-#include "conditions/typed_number.h"
 #include "platform/form.h"
+#include "store/text_values.h"
 
 using namespace harness;
 
@@ -86,13 +86,13 @@ TEST_F(RangeConditions, NumbersAreComparedAsNumbers) {
 }
 
 TEST(TypedNumber, TakesJustTheFormsThatTheStoreTakes) {
-  using ta_vorlumine::typed_number;
+  using ADODB::read_number;
   for (const char* text : {"1", " -1.5 ", "+2", ".5", "5.", "1e3"}) {
-    EXPECT_TRUE(typed_number(text)) << text;
+    EXPECT_TRUE(read_number(text)) << text;
   }
   for (const char* text :
        {"", " ", "１２", "1,000", "1 000", "abc", "inf", "nan", "0x10", "1e", "+-1"}) {
-    EXPECT_FALSE(typed_number(text)) << text;
+    EXPECT_FALSE(read_number(text)) << text;
   }
 }
 
