@@ -7,8 +7,9 @@
 #include <string>
 #include <thread>
 
-#include "harness.h"
 #include "ta_vorlumine/ta_vorlumine.h"
+#include "test_store.h"
+#include "user.h"
 
 namespace {
 
@@ -63,9 +64,8 @@ TEST_F(CInterface, TakesNullForEveryArgument) {
 TEST_F(CInterface, ShowsTwiceInARowAndTellsAFailureInBetween) {
   const harness::test_store store;
   const auto show = [&] {
-    harness::user().in("replaceForm", [] { harness::press("close"); }).during([&] {
-      EXPECT_EQ(ta_vorlumine_show(editor_), 0) << last_failure();
-    });
+    harness::play([&] { EXPECT_EQ(ta_vorlumine_show(editor_), 0) << last_failure(); },
+                  [] { harness::in("replaceForm"); });
   };
   const std::string missing = "Driver=SQLite;Database=" + (store.folder() / "無い.db").string();
   for (int round = 0; round < 2; ++round) {
@@ -84,17 +84,14 @@ TEST_F(CInterface, ShowsTwiceInARowAndTellsAFailureInBetween) {
 TEST_F(CInterface, RefusesAnotherThreadThanTheFirst) {
   const harness::test_store store;
   ASSERT_EQ(ta_vorlumine_set_connect_string(editor_, store.connect_string().c_str()), 0);
-  harness::user()
-      .in("replaceForm",
-          [] {
-            ta_vorlumine_editor* other = ta_vorlumine_create();
-            std::thread([&] { EXPECT_EQ(ta_vorlumine_show(other), 1); }).join();
-            EXPECT_STREQ(ta_vorlumine_last_failure(other),
-                         "windows can only be shown on the thread that showed the first one");
-            ta_vorlumine_destroy(other);
-            harness::press("close");
-          })
-      .during([&] { EXPECT_EQ(ta_vorlumine_show(editor_), 0); });
+  harness::play([&] { EXPECT_EQ(ta_vorlumine_show(editor_), 0); },
+                [] {
+                  ta_vorlumine_editor* other = ta_vorlumine_create();
+                  std::thread([&] { EXPECT_EQ(ta_vorlumine_show(other), 1); }).join();
+                  EXPECT_STREQ(ta_vorlumine_last_failure(other),
+                               "windows can only be shown on the thread that showed the first one");
+                  ta_vorlumine_destroy(other);
+                });
 }
 
 }  // namespace

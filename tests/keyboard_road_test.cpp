@@ -1,24 +1,16 @@
-#include <gtest/gtest.h>
-
 #include <QApplication>
-#include <QInputMethodEvent>
+#include <QKeyEvent>
 #include <QTest>
 #include <QToolButton>
+#include <QTreeView>
 #include <algorithm>
 
-#include "harness.h"
+#include "common_rules.h"
 
 using namespace harness;
 using rows = std::vector<std::string>;
 
 namespace {
-
-/// Commits a text the way an input method does, to wherever the keyboard is.
-void write(const std::string& text) {
-  QInputMethodEvent committed;
-  committed.setCommitString(QString::fromStdString(text));
-  QApplication::sendEvent(QApplication::focusWidget(), &committed);
-}
 
 /// Goes on to the control by Tab, as far as the form is long.
 void tab_to(const std::string& control) {
@@ -37,9 +29,11 @@ bool a_button_is_down() {
 /// Presses the toolbar's button of this number. It goes down at once; its click comes when it goes
 /// up again.
 void command(int number) {
-  key(Qt::Key_0 + number, "alt");
-  ASSERT_TRUE(a_button_is_down()) << "button " << number << " is off";
-  ASSERT_TRUE(QTest::qWaitFor([] { return !a_button_is_down(); }));
+  act([=] {
+    key(Qt::Key_0 + number, "alt");
+    ASSERT_TRUE(a_button_is_down()) << "button " << number << " is off";
+    ASSERT_TRUE(QTest::qWaitFor([] { return !a_button_is_down(); }));
+  });
 }
 
 void press_with_space(const std::string& button) {
@@ -47,14 +41,15 @@ void press_with_space(const std::string& button) {
   key(Qt::Key_Space);
 }
 
-void add_value(user& user, const std::string& title, const std::string& text) {
-  user.in("set_value", [=] {
-    EXPECT_EQ(focused_control(), "title_txt");
-    write(title);
-    tab_to("Text1");
-    write(text);
-    press_with_space("Command1");
-  });
+void add_value(const std::string& title, const std::string& text) {
+  in("set_value");
+  EXPECT_EQ(focused_control(), "title_txt");
+  compose(title);
+  tab_to("Text1");
+  compose(text);
+  press_with_space("Command1");
+  in("replace_create");
+  EXPECT_EQ(focused_control(), "SSTree1");
 }
 
 // The way of somebody without a mouse: every node is reached from where the last dialog left the
@@ -62,81 +57,56 @@ void add_value(user& user, const std::string& title, const std::string& text) {
 TEST(KeyboardRoad, LeadsFromAnEmptyStoreToAFinishedDefinition) {
   test_store store;
   store.run("insert into field values('F1','氏名','T'),('F2','会社名','T')");
-  user user;
-  user.in("replaceForm",
-          [] {
-            EXPECT_EQ(focused_control(), "SSTree1");
-            key(Qt::Key_Space);  // the root
-            press_with_space("addf");
-          })
-      .in("replaceFolder",
-          [] {
-            write("営業");
-            key(Qt::Key_Return);
-          })
-      .in("replaceForm",
-          [] {
-            EXPECT_EQ(focused_control(), "SSTree1");
-            key(Qt::Key_Down);
-            command(4);
-          })
-      .in("replace_create",
-          [] {
-            EXPECT_EQ(focused_control(), "Text1");
-            write("敬称");
-            key(Qt::Key_Tab);
-            write("会社による敬称");
-            key(Qt::Key_Tab);
-            EXPECT_EQ(focused_control(), "SSTree1");
-            key(Qt::Key_Space);
-            command(1);
-          })
-      .in("address_add",
-          [] {
-            EXPECT_EQ(focused_control(), "Combo1");
-            key(Qt::Key_Down);
-            key(Qt::Key_Down);
-            EXPECT_EQ(text_of("Combo1"), "会社名");
-            key(Qt::Key_Return);
-          })
-      .in("replace_create",
-          [] {
-            EXPECT_EQ(focused_control(), "SSTree1");
-            key(Qt::Key_Down);
-            command(2);
-          })
-      .in("r_text_cond",
-          [] {
-            EXPECT_EQ(focused_control(), "fg");
-            write("山田商店");
-            key(Qt::Key_Tab);
-            key(Qt::Key_2);  // the entry of that number
-            key(Qt::Key_Tab, "ctrl");
-            press_with_space("Command1");
-          })
-      .message("設定完了！")
-      .in("replace_create", [] {
-        EXPECT_EQ(focused_control(), "SSTree1");
-        EXPECT_EQ(tree_lines(),
-                  (rows{"置換条件", "  会社名", "    山田商店（先頭一致）", "    以外"}));
-        key(Qt::Key_Down);
-        command(3);
-      });
-  add_value(user, "得意先", "御中");
-  user.in("replace_create", [] {
+  browse(store, [] {
     EXPECT_EQ(focused_control(), "SSTree1");
+    key(Qt::Key_Space);  // the root
+    press_with_space("addf");
+    compose("営業");
+    key(Qt::Key_Return);
+    EXPECT_EQ(focused_control(), "SSTree1");
+    key(Qt::Key_Down);
+    command(4);
+    in("replace_create");
+    EXPECT_EQ(focused_control(), "Text1");
+    compose("敬称");
+    key(Qt::Key_Tab);
+    compose("会社による敬称");
+    key(Qt::Key_Tab);
+    EXPECT_EQ(focused_control(), "SSTree1");
+    key(Qt::Key_Space);
+    command(1);
+    in("address_add");
+    EXPECT_EQ(focused_control(), "Combo1");
+    key(Qt::Key_Down);
+    key(Qt::Key_Down);
+    EXPECT_EQ(text_of("Combo1"), "会社名");
+    key(Qt::Key_Return);
+    EXPECT_EQ(focused_control(), "SSTree1");
+    key(Qt::Key_Down);
+    command(2);
+    in("r_text_cond");
+    EXPECT_EQ(focused_control(), "fg");
+    compose("山田商店");
+    key(Qt::Key_Tab);
+    key(Qt::Key_2);  // the entry of that number
+    key(Qt::Key_Tab, "ctrl");
+    press_with_space("Command1");
+    message("設定完了！");
+    EXPECT_EQ(focused_control(), "SSTree1");
+    EXPECT_EQ(tree_lines(), (rows{"置換条件", "  会社名", "    山田商店（先頭一致）", "    以外"}));
+    key(Qt::Key_Down);
+    command(3);
+    add_value("得意先", "御中");
     key(Qt::Key_Down);
     key(Qt::Key_Down);
     command(3);
-  });
-  add_value(user, "その他", "様");
-  user.in("replace_create", [] { command(5); }).in("replaceForm", [] {
+    add_value("その他", "様");
+    command(5);
+    in("replaceForm");
     EXPECT_EQ(tree_lines(), (rows{"条件設定", "  営業", "    敬称"}));
     EXPECT_EQ(focused_control(), "SSTree1");
     key(Qt::Key_Escape);
   });
-  user.browse(store);
-
   EXPECT_EQ(store.rows("select p_replace_no,kind,title,comment from replace order by replace_no"),
             (rows{"0|F|営業|null", "1|C|敬称|会社による敬称"}));
   EXPECT_EQ(store.rows("select p_replace_m_no,use_type,field_id,replace_cond_type,replace_title,"
@@ -145,6 +115,57 @@ TEST(KeyboardRoad, LeadsFromAnEmptyStoreToAFinishedDefinition) {
                   "2|R|null|null|得意先|御中", "3|R|null|null|その他|様"}));
   EXPECT_EQ(store.rows("select replace_cond_no,use_type,s_val,s_method from replace_cond"),
             (rows{"1|S|山田商店|2"}));
+}
+
+/// Remembers the last key that came to a widget.
+class key_watch : public QObject {
+ public:
+  explicit key_watch(QWidget& watched) { watched.installEventFilter(this); }
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() == QEvent::KeyPress) last = static_cast<QKeyEvent*>(event)->key();
+    return false;
+  }
+  int last = 0;
+};
+
+class SwallowedKeys : public common_rules {
+ protected:
+  /// Whether the widget with the keyboard gets the key.
+  static bool comes_through(Qt::Key pressed, Qt::KeyboardModifiers held) {
+    QWidget& target = *QApplication::focusWidget();
+    const key_watch watch(target);
+    act([&] { QTest::keyClick(&target, pressed, held); });
+    return watch.last == pressed;
+  }
+  static void expect_swallowed_in_tree() {
+    tree().setFocus();
+    for (const Qt::Key letter : {Qt::Key_X, Qt::Key_C, Qt::Key_V}) {
+      EXPECT_FALSE(comes_through(letter, Qt::ControlModifier)) << letter;
+      EXPECT_TRUE(comes_through(letter, Qt::NoModifier)) << letter;
+      EXPECT_TRUE(comes_through(letter, Qt::ControlModifier | Qt::ShiftModifier)) << letter;
+    }
+    // These keys have the codes of the small letters.
+    for (const Qt::KeyboardModifiers held : {Qt::NoModifier, Qt::ShiftModifier}) {
+      EXPECT_FALSE(comes_through(Qt::Key_F9, held));
+      EXPECT_FALSE(comes_through(Qt::Key_F7, held));
+      EXPECT_FALSE(comes_through(Qt::Key_3, held | Qt::KeypadModifier));
+      EXPECT_TRUE(comes_through(Qt::Key_F8, held));
+      EXPECT_TRUE(comes_through(Qt::Key_3, held));
+      EXPECT_TRUE(comes_through(Qt::Key_4, held | Qt::KeypadModifier));
+    }
+  }
+};
+
+TEST_F(SwallowedKeys, NeverReachTheTrees) {
+  browse(store, [] {
+    expect_swallowed_in_tree();
+    click_node("敬称");
+    press("update");
+    expect_swallowed_in_tree();
+    control("Text1").setFocus();
+    EXPECT_TRUE(comes_through(Qt::Key_C, Qt::ControlModifier));
+    EXPECT_TRUE(comes_through(Qt::Key_F9, Qt::NoModifier));
+  });
 }
 
 }  // namespace

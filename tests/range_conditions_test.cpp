@@ -1,6 +1,6 @@
-#include <gtest/gtest.h>
+#include <QTableView>
 
-#include "condition_dialogs.h"
+#include "common_rules.h"
 #include "conditions/r_date_cond.h"
 #include "platform/form.h"
 #include "store/text_values.h"
@@ -9,80 +9,81 @@ using namespace harness;
 
 namespace {
 
-class RangeConditions : public condition_dialogs {};
+class RangeConditions : public common_rules {
+ protected:
+  rows all_lines(int definition) {
+    return lines(definition,
+                 "replace_cond_no,sno,use_type,d_f_method,d_f_val,d_t_method,d_t_val,n_f_method,"
+                 "n_f_val,n_t_method,n_t_val");
+  }
+  static std::string cell(int row, int column) { return grid_column(column).at(row - 1); }
+  static void ok() { press("Command1"); }
+};
 
 TEST_F(RangeConditions, DatesAreCheckedWhileTypedAndAsRanges) {
   using namespace std::chrono;
   platform::form<ta_vorlumine::r_date_cond>().system_date = [] {
     return platform::system_date{'/', year(2024) / 2 / 29};
   };
-  user script = open("日付", "取引開始日", "cond_set");
-  script.in("r_date_cond", [] { put(1, 5, "2005-01-31"); });
-  script.message("日付無効.(フォーマット:)2024/02/29");
-  script.in("r_date_cond", [] {
+  edit_at("日付", "取引開始日", "cond_set", [] {
+    in("r_date_cond");
+    fill_cell(1, 5, "2005-01-31");
+    message("日付無効.(フォーマット:)2024/02/29");
     EXPECT_EQ(cell(1, 5), "2024/02/29");
-    put(1, 7, "2005/13/45");
-  });
-  script.message("日付無効.範囲エラー！");
-  script.in("r_date_cond", [] {
+    fill_cell(1, 7, "2005/13/45");
+    message("日付無効.範囲エラー！");
     EXPECT_EQ(cell(1, 7), "2005/13/45");
-    pick(1, 6, "1");
-    pick(1, 8, "2");
+    fill_cell(1, 6, "1");
+    fill_cell(1, 8, "2");
     ok();  // can't be compared: ends without a word
-  });
-  script.in("r_date_cond", [] {
-    put(1, 7, "2024/03/01");
-    pick(1, 6, "2");
+    in("r_date_cond");
+    fill_cell(1, 7, "2024/03/01");
+    fill_cell(1, 6, "2");
     ok();
-  });
-  script.message("第1行目：日付の指定が正しくありません");
-  script.in("r_date_cond", [] {
-    pick(1, 6, "1");
-    pick(2, 8, "1");
-    put(2, 7, "1999/12/31");
-    put(3, 5, "2000/01/01");
+    message("第1行目：日付の指定が正しくありません");
+    fill_cell(1, 6, "1");
+    fill_cell(2, 8, "1");
+    fill_cell(2, 7, "1999/12/31");
+    fill_cell(3, 5, "2000/01/01");
     ok();
-  });
-  script.message("設定完了！");
-  play(script, [] {
+    message("設定完了！");
     EXPECT_EQ(tree_lines()[2], "    2024/02/29から2024/03/01まで（含まない）;1999/12/31まで");
   });
-  EXPECT_EQ(lines(30), (rows{"8|1|D|null|null|1|2024/02/29|2|2024/03/01|null|null|null|null|null",
-                             "8|2|D|null|null|null|null|1|1999/12/31|null|null|null|null|null"}));
+  EXPECT_EQ(all_lines(30), (rows{"8|1|D|1|2024/02/29|2|2024/03/01|null|null|null|null",
+                                 "8|2|D|null|null|1|1999/12/31|null|null|null|null"}));
 }
 
 TEST_F(RangeConditions, NumbersAreComparedAsNumbers) {
-  user script = open("数値", "年齢", "cond_set");
-  script.in("r_number_cond", [] {
-    put(1, 5, "10");
-    pick(1, 6, "2");
-    put(1, 7, "9.5");
-    pick(1, 8, "2");
+  edit_at("数値", "年齢", "cond_set", [this] {
+    in("r_number_cond");
+    fill_cell(1, 5, "10");
+    fill_cell(1, 6, "2");
+    fill_cell(1, 7, "9.5");
+    fill_cell(1, 8, "2");
     ok();
-  });
-  script.message("第1行目：数字の指定が正しくありません");
-  script.in("r_number_cond", [] {
-    put(1, 5, "9");
-    put(1, 7, "1,000");
+    message("第1行目：数字の指定が正しくありません");
+    fill_cell(1, 5, "9");
+    fill_cell(1, 7, "1,000");
     ok();  // no number: ends without a word
-  });
-  script.in("r_number_cond", [] {
-    put(1, 7, " 10 ");
-    put(2, 5, "abc");
-    pick(2, 6, "1");
+    in("r_number_cond");
+    fill_cell(1, 7, " 10 ");
+    fill_cell(2, 5, "abc");
+    fill_cell(2, 6, "1");
     ok();
-  });
-  script.whatever("the engine's refusal", [this] {
-    EXPECT_TRUE(lines(31).empty());
-    key(Qt::Key_Return);
-  });
-  script.in("r_number_cond", [] {
-    put(2, 5, "0.1");
+    EXPECT_NE(read_message().find("n_f_val"), std::string::npos);
+    EXPECT_TRUE(all_lines(31).empty());
+    fill_cell(2, 5, "0.1");
     ok();
+    message("設定完了！");
+    EXPECT_EQ(tree_lines()[2], "    9から（含まない）10まで（含まない）;0.1から");
+    click_node("9から（含まない）10まで（含まない）;0.1から");
+    press("cond_set");
+    EXPECT_EQ(grid_column(5), (rows{"9", "0.1", ""}));
+    EXPECT_EQ(grid_column(8), (rows{"まで（含まない）", "", ""}));
+    press("Command2");
   });
-  script.message("設定完了！");
-  play(script,
-       [] { EXPECT_EQ(tree_lines()[2], "    9から（含まない）10まで（含まない）;0.1から"); });
+  EXPECT_EQ(all_lines(31), (rows{"8|1|N|null|null|null|null|2|9|2|10",
+                                 "8|2|N|null|null|null|null|1|0.1|null|null"}));
 }
 
 TEST(TypedNumber, TakesJustTheFormsThatTheStoreTakes) {

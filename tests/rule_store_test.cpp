@@ -3,8 +3,8 @@
 #include <fstream>
 #include <sstream>
 
-#include "harness.h"
 #include "store_failure.h"
+#include "test_store.h"
 #include "tool/store_commands.h"
 
 using namespace ADODB;
@@ -108,60 +108,6 @@ TEST(Schema, NeedsNoScanOfATableForTheSystemsLookUps) {
     for (const std::string& step : store.rows(explain + look_up))
       for (const char* detour : {"SCAN", "TEMP B-TREE", "Seq Scan", "Sort"})
         EXPECT_EQ(step.find(detour), std::string::npos) << step;
-}
-
-/// Each select finds the rows that break one rule of the data's shape.
-TEST(Sample, KeepsEveryRuleOfTheTrees) {
-  harness::test_store store;
-  store.load_sample();
-  for (const char* offenders : {
-           "select replace_no from replace r where p_replace_no<>0 and not exists (select 1 from"
-           " replace p where p.replace_no=r.p_replace_no and p.kind='F')",
-           "select replace_no from replace where kind='F' and (replace_m_no<>0 or comment notnull)",
-           "select title from replace where kind='C' group by title having count(*)>1",
-           "select title from replace join field on title=field_name",
-           "select replace_no from replace_m m where not exists (select 1 from replace r where"
-           " r.replace_no=m.replace_no and r.kind='C')",
-           "select replace_no from replace_m where p_replace_m_no=0 group by 1 having count(*)>1",
-           "select m.replace_no from replace_m m join replace r on r.replace_no=m.replace_no where"
-           " p_replace_m_no=0 and use_type='F' and m.replace_m_no<>r.replace_m_no",
-           "select replace_no from replace_m where p_replace_m_no=0 and use_type='C'",
-           "select c.replace_no from replace_m c left join replace_m p on p.replace_no=c.replace_no"
-           " and p.replace_m_no=c.p_replace_m_no where c.p_replace_m_no<>0 and (p.replace_no is "
-           "null"
-           " or c.replace_m_no<=p.replace_m_no or (c.use_type='C')<>(p.use_type='F')"
-           " or p.use_type='R')",
-           "select p_replace_m_no from replace_m where use_type='C' group by replace_no,"
-           "p_replace_m_no having sum(case replace_cond_type when '1' then 1 else 0 end)<>1 or "
-           "count(*)<2",
-           "select p_replace_m_no from replace_m where use_type<>'C' and p_replace_m_no<>0 group by"
-           " replace_no,p_replace_m_no having count(*)>1",
-           "select replace_m_no from replace_m where use_type='C' and"
-           " (replace_cond_type='0')<>(coalesce(replace_cond_no,0)>0)",
-           "select replace_cond_no from replace_m where replace_cond_no>0 group by 1 having"
-           " count(*)>1",
-           "select replace_m_no from replace_m m where replace_cond_type='0' and not exists (select"
-           " 1 from replace_cond c where c.replace_no=m.replace_no and"
-           " c.replace_cond_no=m.replace_cond_no and sno=1)",
-           "select replace_cond_no from replace_cond c where not exists (select 1 from replace_m m"
-           " where c.replace_no=m.replace_no and c.replace_cond_no=m.replace_cond_no)",
-           "select c.replace_no from replace_cond c join replace_m m on m.replace_no=c.replace_no "
-           "and"
-           " m.replace_cond_no=c.replace_cond_no join replace_m p on p.replace_no=m.replace_no and"
-           " p.replace_m_no=m.p_replace_m_no join field f on f.field_id=p.field_id where "
-           "c.use_type<>"
-           "case f.attr when 'M' then 'S' when 'T' then 'S' else f.attr end",
-           "select replace_m_no from replace_m left join field on field.field_id ="
-           " coalesce(replace_m.field_id, r_field_id) where (use_type='F' or replace_type='F') and"
-           " field_name is null",
-           "select replace_m_no from replace_m where use_type='R' and coalesce(case replace_type"
-           " when 'S' then r_text when 'T' then r_text_filename when 'I' then r_image_filename"
-           " when 'M' then r_mmedia_filename when 'F' then r_field_id end,'')=''",
-           "select 1 from seqno where replace<>(select max(replace_no) from replace) or replace_m<>"
-           "(select max(replace_m_no) from replace_m) or replace_cond<>"
-           "(select max(replace_cond_no) from replace_cond)",
-       })
-    EXPECT_EQ(store.rows(offenders), std::vector<std::string>()) << offenders;
 }
 
 }  // namespace

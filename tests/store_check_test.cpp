@@ -2,7 +2,7 @@
 
 #include <sstream>
 
-#include "harness.h"
+#include "test_store.h"
 #include "tool/print_text.h"
 #include "tool/store_check.h"
 #include "tool/store_commands.h"

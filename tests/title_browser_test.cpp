@@ -1,339 +1,315 @@
-#include <gtest/gtest.h>
-
+#include <QTreeView>
 #include <QWidget>
 
-#include "harness.h"
+#include "common_rules.h"
 
 using namespace harness;
-using rows = std::vector<std::string>;
 
 namespace {
 
-class TitleBrowser : public testing::Test {
+class TitleBrowser : public common_rules {
  protected:
-  void SetUp() override {
-    store.run_all({
-        "insert into replace values(1,0,'F','営業',null,0)",
-        "insert into replace values(2,1,'F','宛名',null,0)",
-        "insert into replace values(3,2,'C','敬称','人の''敬称''',1)",
-        "insert into replace values(4,0,'F','総務',null,0)",
-        "insert into replace values(5,0,'C','年賀状','正月用',2)",
-        "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,replace_title,"
-        "replace_type,r_text) values(3,1,0,'R','様','S','様')",
-        "insert into replace_cond(replace_no,replace_cond_no,sno,use_type) values(3,1,1,'S')",
-        "insert into replace_cond(replace_no,replace_cond_no,sno,use_type) values(5,1,1,'S')",
-        "update seqno set replace=5,replace_m=10,replace_cond=1",
-    });
-  }
-
-  std::string counters() { return store.value("select * from seqno"); }
   rows titles() {
     return store.rows("select replace_no,p_replace_no,kind,title from replace order by 1");
   }
-  static user in_browser(std::function<void()> deed) {
-    return user().in("replaceForm", std::move(deed));
+  std::string folder_of(const std::string& title) {
+    return store.value("select p_replace_no from replace where title='" + title + "'");
   }
-  static void close() { press("close"); }
-
-  test_store store;
 };
 
+const std::string of_folder = "addf updatef delf add close";
+const std::string of_definition = "update copy del close";
+const std::string sure = "削除してもよろしいですか";
+
 TEST_F(TitleBrowser, ShowsFoldersAndDefinitionsInTheOrderOfTheirKeys) {
-  store.run("insert into replace values(6,1,'C',null,null,3)");
-  store.run("insert into replace values(7,1,'C',' ',null,3)");
-  store.run("insert into replace values(8,99,'C','親なし',null,3)");
-  store.run("insert into replace values(9,0,'X','別の種類',null,3)");
-  in_browser([] {
-    EXPECT_EQ(tree_lines(), (rows{"条件設定", "  営業", "    宛名", "      敬称", "    NULL",
-                                  "     ", "  総務", "  年賀状", "  別の種類"}));
+  store.run(
+      "insert into replace values(40,3,'C',null,null,3),(41,3,'C',' ',null,3),"
+      "(42,99,'C','親なし',null,3),(43,0,'X','別の種類',null,3)");
+  browse(store, [] {
+    EXPECT_EQ(tree_lines(),
+              (rows{"条件設定", "  敬称", "  空", "  宛名", "    会社", "      御中", "    NULL",
+                    "     ", "  日付", "  数値", "  二択", "  新規", "  別の種類"}));
     EXPECT_EQ(enabled_buttons(), "close");
-    close();
-  }).browse(store);
+    EXPECT_EQ(selected_node(), "");
+    click_node("別の種類");
+    EXPECT_EQ(enabled_buttons(), "close");
+  });
+}
+
+TEST_F(TitleBrowser, PicturesTellWhatTheValuesOfADefinitionAre) {
+  const auto add_value = [this](int definition, int key, const char* type) {
+    store.run(
+        "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,replace_type)"
+        " values(" +
+        std::to_string(definition) + "," + std::to_string(key) + ",0,'R','" + type + "')");
+  };
+  for (const char* type : {"S", "T", "F"}) add_value(2, type[0], type);
+  for (const int key : {51, 52}) add_value(30, key, "I");
+  for (const int key : {51, 52}) add_value(31, key, "M");
+  add_value(32, 51, "I");
+  add_value(32, 52, "M");
+  add_value(33, 51, "S");
+  add_value(33, 52, "Z");
+  browse(store, [] {
+    EXPECT_EQ(pictures(), (rows{"root", "cond1", "cond1", "open", "open", "cond1", "cond2", "cond3",
+                                "cond", "cond"}));
+    tree().collapse(node("会社"));
+    EXPECT_EQ(pictures()[4], "close");
+  });
+  store.run("delete from replace_m where replace_no=2");
+  browse(store, [] { EXPECT_EQ(pictures()[2], "cond2"); });  // no values, as if all were images
 }
 
 TEST_F(TitleBrowser, SelectionAllowsWhatTheNodeTakesAndShowsItsRemark) {
-  in_browser([] {
+  browse(store, [] {
     click_node("条件設定");
     EXPECT_EQ(enabled_buttons(), "addf add close");
     EXPECT_EQ(text_of("Label1"), "");
-    click_node("営業");
-    EXPECT_EQ(enabled_buttons(), "addf updatef delf add close");
+    click_node("宛名");
+    EXPECT_EQ(enabled_buttons(), of_folder);
+    click_node("御中");
+    EXPECT_EQ(enabled_buttons(), of_definition);
+    EXPECT_EQ(text_of("Label1"), "社'名");
+    click_node("会社");
+    EXPECT_EQ(enabled_buttons(), of_folder);
+    click_node("条件設定");
+    EXPECT_EQ(enabled_buttons(), "addf add close");
     click_node("敬称");
-    EXPECT_EQ(enabled_buttons(), "update copy del close");
-    EXPECT_EQ(text_of("Label1"), "人の'敬称'");
-    press("del");
-  })
-      .question("削除してもよろしいですか", false)
-      .in("replaceForm",
-          [] {
-            EXPECT_EQ(enabled_buttons(), "close");
-            click_node("敬称");  // the same node again
-            EXPECT_EQ(enabled_buttons(), "update copy del close");
-            close();
-          })
-      .browse(store);
-  EXPECT_EQ(titles().size(), 5U);
+    for (const auto& [answer, node] : {std::pair{"del", "敬称"}, std::pair{"delf", "宛名"}}) {
+      click_node(node);
+      press(answer);
+      question(sure, false);
+      EXPECT_EQ(enabled_buttons(), "close");
+    }
+    click_node("宛名");  // the same node again
+    EXPECT_EQ(enabled_buttons(), of_folder);
+    EXPECT_EQ(selected_node(), "宛名");
+  });
+  EXPECT_EQ(titles().size(), 9U);
 }
 
 TEST_F(TitleBrowser, ANodeThatCantBeReadGetsNoButtonsOfTheOneBefore) {
-  in_browser([this] {
-    click_node("営業");
+  browse(store, [this] {
+    click_node("宛名");
     store.run("alter table replace rename to away");
     click_node("敬称");
     EXPECT_EQ(enabled_buttons(), "close");
     store.run("alter table away rename to replace");
     click_node("敬称");
-    EXPECT_EQ(enabled_buttons(), "update copy del close");
-    close();
-  }).browse(store);
+    EXPECT_EQ(enabled_buttons(), of_definition);
+  });
 }
 
 TEST_F(TitleBrowser, ARefusedLevelIsToldAndCostsThatLevelAlone) {
-  store.run("alter table replace_m rename to replace_n");
+  store.run_all({"delete from replace where replace_no in (1,2)",
+                 "alter table replace_m rename to replace_n"});
   const std::string refusal = store.refusal_of("select * from replace_m");
-  user()
-      .message(refusal)
-      .message(refusal)
-      .in("replaceForm",
-          [] {
-            EXPECT_EQ(tree_lines(),
-                      (rows{"条件設定", "  営業", "    宛名", "      敬称", "  総務", "  年賀状"}));
-            close();
-          })
-      .browse(store);
+  browse(store, [&] {
+    message(refusal);
+    message(refusal);
+    EXPECT_EQ(tree_lines(), (rows{"条件設定", "  宛名", "    会社", "      御中", "  日付"}));
+  });
+}
+
+TEST_F(TitleBrowser, OpensADefinitionByDoubleClickOrEnterAndAFolderNot) {
+  browse(store, [] {
+    double_click_node(node("御中"));
+    in("replace_create");
+    EXPECT_EQ(text_of("Text1"), "御中");
+    press("exit");
+    in("replaceForm");
+    EXPECT_EQ(tree().indexAt(QPoint(1, 1)), node("条件設定"));
+    EXPECT_EQ(selected_node(), "");
+    EXPECT_EQ(enabled_buttons(), "close");
+    click_node("新規");
+    key(Qt::Key_Return);
+    in("replace_create");
+    EXPECT_EQ(text_of("Text1"), "新規");
+    press("exit");
+    click_node("宛名");
+    key(Qt::Key_Enter);
+    double_click_node(node("宛名"));
+    in("replaceForm");
+  });
 }
 
 TEST_F(TitleBrowser, MakesAndRenamesFolders) {
   const std::string longest = std::string(97, 'x') + "'😀漢";
-  in_browser([] {
+  browse(store, [&] {
     click_node("条件設定");
     press("addf");
-  })
-      .in("replaceFolder",
-          [] {
-            EXPECT_EQ(top_window().windowTitle().toStdString(), "置換フォルダの作成");
-            EXPECT_EQ(focused_control(), "Text1");
-            press("Command2");
-          })
-      .message("フォルダが必須です。")
-      .in("replaceFolder",
-          [&] {
-            type("Text1", longest + "x");
-            press("Command2");
-          })
-      .message("タイトルが文字列長すぎます")
-      .in("replaceFolder",
-          [&] {
-            type("Text1", longest);
-            press("Command2");
-          })
-      .in("replaceForm",
-          [&] {
-            EXPECT_EQ(enabled_buttons(), "close");
-            EXPECT_EQ(tree_lines().back(), "  " + longest);
-            click_node("宛名");
-            press("updatef");
-          })
-      .in("replaceFolder",
-          [] {
-            EXPECT_EQ(top_window().windowTitle().toStdString(), "置換フォルダの修正");
-            EXPECT_EQ(text_of("Text1"), "宛名");
-            type("Text1", "封筒");
-            press("Command3");
-          })
-      .in("replaceForm",
-          [] {
-            click_node("宛名");
-            press("updatef");
-          })
-      .in("replaceFolder",
-          [] {
-            type("Text1", "葉'書");
-            press("Command2");
-          })
-      .in("replaceForm",
-          [] {
-            EXPECT_EQ(tree_lines()[2], "    葉'書");
-            close();
-          })
-      .browse(store);
-  EXPECT_EQ(store.value("select replace_no,p_replace_no,kind,title,comment,replace_m_no from "
-                        "replace where replace_no=6"),
-            "6|0|F|" + longest + "|null|0");
-  EXPECT_EQ(store.value("select title from replace where replace_no=2"), "葉'書");
-  EXPECT_EQ(counters(), "6|10|1");
+    in("replaceFolder");
+    EXPECT_EQ(top_window().windowTitle(), "置換フォルダの作成");
+    EXPECT_EQ(focused_control(), "Text1");
+    press("Command2");
+    message("フォルダが必須です。");
+    EXPECT_EQ(focused_control(), "Text1");
+    type("Text1", longest + "x");
+    press("Command2");
+    message("タイトルが文字列長すぎます");
+    type("Text1", longest);
+    press("Command2");
+    in("replaceForm");
+    EXPECT_EQ(enabled_buttons(), "close");
+    EXPECT_EQ(tree_lines().back(), "  " + longest);
+    EXPECT_EQ(pictures().back(), "close");
+    click_node("宛名");
+    press("updatef");
+    in("replaceFolder");
+    EXPECT_EQ(top_window().windowTitle(), "置換フォルダの修正");
+    EXPECT_EQ(text_of("Text1"), "宛名");
+    type("Text1", "封筒");
+    press("Command3");
+    EXPECT_EQ(enabled_buttons(), "close");
+    click_node("宛名");
+    press("updatef");
+    type("Text1", "葉'書");
+    press("Command2");
+    EXPECT_EQ(tree_lines()[3], "  葉'書");
+    EXPECT_EQ(enabled_buttons(), "close");
+    click_node("会社");
+    press("addf");
+    EXPECT_EQ(text_of("Text1"), "");
+    type("Text1", "下");
+    press("Command2");
+    EXPECT_EQ(tree_lines()[6], "      下");
+  });
+  EXPECT_EQ(store.rows("select * from replace where replace_no>33 or replace_no=3 order by 1"),
+            (rows{"3|0|F|葉'書|null|0", "34|0|F|" + longest + "|null|0", "35|4|F|下|null|0"}));
+  EXPECT_EQ(counters(), "35|40|7");
 }
 
 TEST_F(TitleBrowser, DeletesAFolderWithAllBelowItAndNothingElse) {
-  in_browser([] {
-    click_node("営業");
+  store.run("insert into replace_cond(replace_no,replace_cond_no,sno) values(5,1,1)");
+  browse(store, [] {
+    click_node("宛名");
     press("delf");
-  })
-      .question("削除してもよろしいですか", true)
-      .in("replaceForm",
-          [] {
-            EXPECT_EQ(tree_lines(), (rows{"条件設定", "  総務", "  年賀状"}));
-            click_node("年賀状");
-            press("del");
-          })
-      .question("削除してもよろしいですか", true)
-      .in("replaceForm", [] { close(); })
-      .browse(store);
-  EXPECT_EQ(titles(), (rows{"4|0|F|総務"}));
-  EXPECT_TRUE(store.rows("select * from replace_m").empty());
-  EXPECT_TRUE(store.rows("select * from replace_cond").empty());
-  EXPECT_EQ(counters(), "5|10|1");
+    question(sure, true);
+    EXPECT_EQ(tree_lines().size(), 7U);
+    EXPECT_EQ(selected_node(), "");
+    click_node("敬称");
+    press("del");
+    question(sure, true);
+    EXPECT_EQ(enabled_buttons(), "close");
+    EXPECT_EQ(tree_lines(), (rows{"条件設定", "  空", "  日付", "  数値", "  二択", "  新規"}));
+  });
+  EXPECT_EQ(titles().size(), 5U);
+  EXPECT_EQ(store.value("select count(*) from replace_m"), "4");
+  EXPECT_EQ(store.value("select count(*) from replace_cond"), "0");
+  EXPECT_EQ(counters(), "33|40|7");
 }
 
 TEST_F(TitleBrowser, ARefusedDeleteIsToldAndTheTreeShowsWhatIsLeft) {
   store.refuse("delete", "replace_m", "ディスクがありません");
-  in_browser([] {
-    click_node("営業");
+  browse(store, [] {
+    click_node("宛名");
     press("delf");
-  })
-      .question("削除してもよろしいですか", true)
-      .message("ディスクがありません")
-      .in("replaceForm",
-          [] {
-            EXPECT_EQ(enabled_buttons(), "close");
-            EXPECT_EQ(tree_lines(), (rows{"条件設定", "  総務", "  年賀状"}));
-            close();
-          })
-      .browse(store);
+    question(sure, true);
+    message("ディスクがありません");
+    EXPECT_EQ(enabled_buttons(), "close");
+    EXPECT_EQ(tree_lines().size(), 7U);
+  });
 }
 
 TEST_F(TitleBrowser, ARowThatAnotherProgramHasDeletedIsToldAndNothingIsWritten) {
-  const std::string gone = "対象の行は他のプログラムによって削除されています。一覧を読み直します。";
-  user script;
   for (const std::string button : {"addf", "updatef", "delf", "add", "update", "copy", "del"}) {
-    const bool folder =
-        button == "addf" || button == "updatef" || button == "delf" || button == "add";
-    const std::string kind = folder ? "F" : "C";
-    script.in("replaceForm", [this, kind, button] {
-      store.run("insert into replace values(20,0,'" + kind + "','消える',null,7)");
-      press("close");
+    const bool is_folder = of_folder.find(button + " ") != std::string::npos;
+    const std::string kind = is_folder ? "F" : "C";
+    store.run("insert into replace values(20,0,'" + kind + "','消える',null,7)");
+    browse(store, [&] {
+      click_node("消える");
+      store.run("delete from replace where replace_no=20");
+      press(button);
+      message(gone);
+      EXPECT_EQ(enabled_buttons(), "close");
+      EXPECT_EQ(tree_lines().size(), 10U);
     });
-    script.browse(store);
-    const rows before = titles();
-    script
-        .in("replaceForm",
-            [this, button] {
-              click_node("消える");
-              store.run("delete from replace where replace_no=20");
-              press(button);
-            })
-        .message(gone)
-        .in("replaceForm", [] {
-          EXPECT_EQ(enabled_buttons(), "close");
-          EXPECT_EQ(tree_lines().size(), 6U);
-          close();
-        });
-    script.browse(store);
-    EXPECT_EQ(titles().size(), before.size() - 1) << button;
+    EXPECT_EQ(titles().size(), 9U) << button;
   }
-  EXPECT_EQ(counters(), "5|10|1");
+  EXPECT_EQ(counters(), "33|40|7");
 }
 
 TEST_F(TitleBrowser, AFolderDeletedUnderItsDialogEndsTheDialog) {
-  in_browser([] {
-    click_node("総務");
-    press("updatef");
-  })
-      .in("replaceFolder",
-          [this] {
-            store.run("delete from replace where title='総務'");
-            type("Text1", "新しい");
-            press("Command2");
-          })
-      .message("対象の行は他のプログラムによって削除されています。一覧を読み直します。")
-      .in("replaceForm",
-          [] {
-            EXPECT_EQ(tree_lines().size(), 5U);
-            close();
-          })
-      .browse(store);
+  for (const char* button : {"updatef", "addf"}) {
+    browse(store, [&] {
+      click_node(button == std::string("addf") ? "会社" : "宛名");
+      press(button);
+      store.run("delete from replace where kind='F'");
+      type("Text1", "新しい");
+      press("Command2");
+      message(gone);
+      EXPECT_EQ(tree_lines().size(), 7U);
+    });
+    EXPECT_EQ(titles().size(), 7U);
+    store.run("insert into replace values(3,0,'F','宛名',null,0),(4,3,'F','会社',null,0)");
+  }
 }
 
 TEST_F(TitleBrowser, TellsThatThereIsNoKeyLeft) {
   store.run("update seqno set replace=32767");
-  in_browser([] {
-    click_node("総務");
+  browse(store, [] {
+    click_node("会社");
     press("add");
-  })
-      .message("番号が上限の32767に達したため、これ以上登録できません。")
-      .in("replaceForm", [] { close(); })
-      .browse(store);
-  EXPECT_EQ(titles().size(), 5U);
+    message("番号が上限の32767に達したため、これ以上登録できません。");
+  });
+  EXPECT_EQ(titles().size(), 9U);
 }
 
 TEST_F(TitleBrowser, FilesNodesByDraggingThem) {
   const std::string refused = "この場所への移動はできません";
-  store.run("insert into replace values(6,4,'F','宛名',null,0)");  // a namesake
-  in_browser([] { drag_node("年賀状", "総務/宛名"); })
-      .in("replaceForm",
-          [] {
-            EXPECT_EQ(tree_lines(), (rows{"条件設定", "  営業", "    宛名", "      敬称", "  総務",
-                                          "    宛名", "      年賀状"}));
-            EXPECT_EQ(enabled_buttons(), "update copy del close");
-            drag_node("年賀状", "敬称");          // onto a definition: nothing
-            drag_node("営業/宛名", "総務/宛名");  // onto a namesake: nothing
-            drag_node("条件設定", "総務");        // the root stays
-            drag_node("営業", "宛名");            // into its own subtree
-          })
-      .message(refused)
-      .in("replaceForm",
-          [this] {
-            drag_node("敬称", "条件設定");
-            store.refuse("update", "replace", "動かせません");
-            drag_node("年賀状", "営業");
-          })
-      .message("動かせません")
-      .in("replaceForm",
-          [this] {
-            store.stop_refusing();
-            store.run(
-                "update replace set p_replace_no=2 where replace_no=4");  // by another program
-            drag_node("営業", "総務");
-          })
-      .message(refused)
-      .in("replaceForm",
-          [this] {
-            store.run("update replace set p_replace_no=0 where replace_no=4");
-            store.run("delete from replace where replace_no=3");
-            drag_node("敬称", "総務");
-          })
-      .message("対象の行は他のプログラムによって削除されています。一覧を読み直します。")
-      .in("replaceForm", [] { close(); })
-      .browse(store);
-  EXPECT_EQ(titles(),
-            (rows{"1|0|F|営業", "2|1|F|宛名", "4|0|F|総務", "5|6|C|年賀状", "6|4|F|宛名"}));
+  store.run("insert into replace values(50,0,'F','総務',null,0),(51,50,'F','会社',null,0)");
+  browse(store, [&] {
+    drag_node("空", "総務/会社");
+    EXPECT_EQ(enabled_buttons(), of_definition);
+    EXPECT_EQ(selected_node(), "空");
+    EXPECT_EQ(tree_lines().back(), "      空");
+    drag_node("空", "御中");              // onto a definition: nothing
+    drag_node("宛名/会社", "総務/会社");  // onto a namesake: nothing
+    drag_node("条件設定", "総務");        // the root stays
+    drag_node("宛名", "会社");            // into its own subtree
+    message(refused);
+    drag_node("御中", "条件設定");
+    drag_node("御中", "総務");
+    drag_node("会社", "総務");  // the folder that holds a namesake, none above it
+    EXPECT_EQ(tree_lines().back(), "    会社");
+    store.refuse("update", "replace", "動かせません");
+    drag_node("日付", "宛名");
+    message("動かせません");
+    store.stop_refusing();
+    store.run("update replace set p_replace_no=3 where replace_no=50");  // by another program
+    drag_node("宛名", "総務");
+    message(refused);
+    EXPECT_EQ(tree_lines()[3], "    総務");
+    store.run("delete from replace where replace_no=30");
+    drag_node("日付", "総務");
+    message(gone);
+  });
+  EXPECT_EQ(folder_of("空") + folder_of("御中"), "5150");
+  EXPECT_EQ(store.rows("select p_replace_no from replace where title='会社'"), (rows{"50", "50"}));
 }
 
-TEST_F(TitleBrowser, ClipboardKeysNeverReachTheTree) {
-  in_browser([] {
-    click_node("営業");
-    EXPECT_EQ(focused_control(), "SSTree1");
-    key(Qt::Key_C, "ctrl");
-    key(Qt::Key_F9);
-    EXPECT_EQ(enabled_buttons(), "addf updatef delf add close");
-    close();
-  }).browse(store);
+TEST_F(TitleBrowser, AFolderIsRefusedUnderANamesakeThatIsNotItself) {
+  store.run(
+      "insert into replace values(50,0,'F','宛名',null,0),(51,50,'F','下',null,0),"
+      "(52,51,'F','底',null,0)");
+  browse(store, [] {
+    for (const char* target : {"下", "底"}) {
+      drag_node("宛名", target);
+      message("この場所への移動はできません");
+    }
+  });
+  EXPECT_EQ(store.value("select p_replace_no from replace where replace_no=3"), "0");
 }
 
 TEST_F(TitleBrowser, AnEmptyTableOfCountersIsTold) {
   store.run_all({"delete from seqno", "delete from replace"});
-  in_browser([] {
+  browse(store, [] {
     click_node("条件設定");
     press("addf");
-  })
-      .in("replaceFolder",
-          [] {
-            type("Text1", "最初");
-            press("Command2");
-          })
-      .message("SEQNOテーブルがありません")
-      .in("replaceForm", [] { close(); })
-      .browse(store);
+    type("Text1", "最初");
+    press("Command2");
+    message("SEQNOテーブルがありません");
+  });
   EXPECT_EQ(titles(), (rows{"1|0|F|最初"}));
 }
 

@@ -68,6 +68,9 @@ void click_cell(int row, int column);
 [[nodiscard]] std::string focused_control();
 /// The tree as indented lines of node texts.
 [[nodiscard]] std::vector<std::string> tree_lines();
+/// The pictures of all nodes, from the top, by the names of their files.
+[[nodiscard]] std::vector<std::string> pictures();
+[[nodiscard]] std::string selected_node();
 /// The texts of a grid's column from the first row to the last.
 [[nodiscard]] std::vector<std::string> grid_column(int column);
 

@@ -219,6 +219,24 @@ std::vector<std::string> tree_lines() {
   return lines;
 }
 
+std::vector<std::string> pictures() {
+  const auto image_of = [](const QIcon& picture) { return picture.pixmap(16).toImage(); };
+  std::vector<std::string> names;
+  for (const QModelIndex& node : all_nodes()) {
+    const QImage shown = image_of(node.data(Qt::DecorationRole).value<QIcon>());
+    names.emplace_back("none");
+    for (const char* name : {"root", "open", "close", "cond", "cond1", "cond2", "cond3", "val"}) {
+      if (image_of(QIcon(QString(":/pictures/%1.svg").arg(name))) == shown) names.back() = name;
+    }
+  }
+  return names;
+}
+
+std::string selected_node() {
+  const QModelIndexList selected = tree().selectionModel()->selectedIndexes();
+  return selected.isEmpty() ? "" : text_of(selected.first());
+}
+
 std::vector<std::string> grid_column(int column) {
   std::vector<std::string> texts;
   for (int row = 1; row <= grid().model()->rowCount(); ++row)

@@ -1,87 +1,95 @@
-#include <gtest/gtest.h>
-
-#include "condition_dialogs.h"
+#include "common_rules.h"
 
 using namespace harness;
 
 namespace {
 
-class YesNoCondition : public condition_dialogs {};
+class YesNoCondition : public common_rules {
+ protected:
+  rows conditions() {
+    return rules(32, "replace_m_no,p_replace_m_no,replace_cond_type,replace_cond_no",
+                 "use_type='C'");
+  }
+  static rows shown(const std::string& answer) {
+    return {"置換条件", "  会員", "    " + answer, "    以外"};
+  }
+  static void ok() { press("Command1"); }
+  static void answer(const std::string& entry) {
+    choose("Combo1", entry);
+    ok();
+  }
+};
 
-TEST_F(YesNoCondition, AYesNoFieldHasOneConditionWhichIsOpenedAgain) {
-  user script = open("二択", "会員", "cond_set");
-  script.in("r_yesno_cond", [] {
+TEST_F(YesNoCondition, AFieldHasOneWhichIsOpenedAgain) {
+  const auto open = [](const std::string& node) {
+    click_node(node);
+    press("cond_set");
+    in("r_yesno_cond");
+  };
+  edit_at("二択", "会員", "cond_set", [&] {
     EXPECT_EQ(text_of("Combo1"), "選択してください");
     ok();
-  });
-  script.message("選択してください!");
-  script.in("r_yesno_cond", [] { cancel(); });
-  script.in("replace_create", [this] {
-    EXPECT_TRUE(lines(32).empty());
+    message("選択してください!");
+    in("r_yesno_cond");
+    press("Command2");
+    EXPECT_EQ(lines(32, "sno"), rows{});
     EXPECT_EQ(counters(), "33|40|7");
-    click_node("会員");
-    press("cond_set");
-  });
-  script.in("r_yesno_cond", [] {
-    choose("Combo1", "はい");
-    ok();
-  });
-  script.message("設定完了！");
-  script.in("replace_create", [] {
-    EXPECT_EQ(tree_lines(), (rows{"置換条件", "  会員", "    はい", "    以外"}));
-    click_node("会員");
-    press("cond_set");
-  });
-  script.in("r_yesno_cond", [] {
+    open("会員");
+    answer("はい");
+    message("設定完了！");
+    EXPECT_EQ(tree_lines(), shown("はい"));
+    open("会員");
     EXPECT_EQ(text_of("Combo1"), "はい");
-    choose("Combo1", "いいえ");
-    ok();
+    answer("いいえ");
+    message("設定完了！");
+    EXPECT_EQ(tree_lines(), shown("いいえ"));
+    open("いいえ");
+    EXPECT_EQ(text_of("Combo1"), "いいえ");
+    choose("Combo1", "はい");
+    press("Command2");
+    EXPECT_EQ(tree_lines(), shown("いいえ"));
   });
-  script.message("設定完了！");
-  play(script, [] {
-    EXPECT_EQ(tree_lines(), (rows{"置換条件", "  会員", "    いいえ", "    以外"}));
-  });
-  EXPECT_EQ(lines(32).size(), 1U);
-  EXPECT_EQ(conditions(32), (rows{"41|32|0|8", "42|32|1|null"}));
+  EXPECT_EQ(lines(32, "replace_cond_no,sno,use_type"), rows{"8|1|B"});
+  EXPECT_EQ(conditions(), (rows{"41|32|0|8", "42|32|1|null"}));
   EXPECT_EQ(counters(), "33|42|8");
 }
 
-TEST_F(YesNoCondition, AYesNoConditionPointsToItsLineThoughItsNumberWasTaken) {
+TEST_F(YesNoCondition, PointsToItsLineThoughItsNumberWasTaken) {
   store.refuse("update", "replace_cond", "今は変更できません");
-  user script = open("二択", "会員", "cond_set");
-  script.in("r_yesno_cond", [] {
-    choose("Combo1", "はい");
-    ok();
-  });
-  script.message("今は変更できません").in("r_yesno_cond", [this] {
+  edit_at("二択", "会員", "cond_set", [this] {
+    answer("はい");
+    message("今は変更できません");
+    EXPECT_EQ(lines(32, "sno"), rows{}) << "all of it or nothing";
     store.stop_refusing();
     store.run_all(
         {"insert into replace_cond(replace_no,replace_cond_no,sno,use_type,b_val) "
          "values(32,8,1,'B',false)",
          "update seqno set replace_cond=8"});
     ok();
+    message("設定完了！");
+    EXPECT_EQ(tree_lines(), shown("はい"));
   });
-  script.message("設定完了！");
-  play(script, [] {
-    EXPECT_EQ(tree_lines(), (rows{"置換条件", "  会員", "    はい", "    以外"}));
-  });
-  EXPECT_EQ(conditions(32), (rows{"41|32|0|9", "42|32|1|null"}));
+  EXPECT_EQ(conditions(), (rows{"41|32|0|9", "42|32|1|null"}));
 }
 
 TEST_F(YesNoCondition, AFieldThatCantBeLookedUpOpensNothing) {
+  const std::string why = "項目名に「'」が含まれているため、条件を設定できません。";
   store.run("update field set field_name='会''員' where field_id='F7'");
-  user script = open("二択", "会'員", "cond_set");
-  script.message("項目名に「'」が含まれているため、条件を設定できません。");
-  script.in("replace_create", [this] {
+  edit(store, "二択", [&] {
+    click_node("会'員");
+    press("cond_set");
+    message(why);
     store.run("delete from field where field_id='F7'");
     click_node("会'員");
     press("cond_set");
+    message(why);
   });
-  script.message("項目名に「'」が含まれているため、条件を設定できません。");
-  script.in("replace_create", [] { press("exit"); });
-  script.in("replaceForm", [] { press("close"); });
-  script.browse(store);
-  EXPECT_TRUE(conditions(32).empty());
+  edit(store, "二択", [&] {
+    click_node("F7");
+    press("cond_set");
+    message("項目「F7」がアドレス帳にないため、条件を設定できません。");
+  });
+  EXPECT_TRUE(conditions().empty());
 }
 
 }  // namespace

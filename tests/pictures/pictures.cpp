@@ -6,7 +6,8 @@
 #include <cstdio>
 #include <string>
 
-#include "tests/harness.h"
+#include "tests/test_store.h"
+#include "tests/user.h"
 
 namespace {
 
@@ -38,59 +39,32 @@ class album {
   bool complete_ = true;
 };
 
-void take_browser(user& user, album& album) {
-  user.in("replaceForm",
-          [] {
-            click_node("季節の挨拶");
-            press("updatef");
-          })
-      .in("replaceFolder",
-          [&] {
-            album.take("folder");
-            key(Qt::Key_Escape);
-          })
-      .in("replaceForm",
-          [&] {
-            click_node("敬称");
-            album.take("browser");
-            press("del");
-          })
-      .whatever("the question", [&] {
-        album.take("question");
-        key(Qt::Key_Escape);
-      });
+void take_browser(album& album) {
+  click_node("季節の挨拶");
+  press("updatef");
+  album.take("folder");
+  key(Qt::Key_Escape);
+  click_node("敬称");
+  album.take("browser");
+  press("del");
+  album.take("question");
+  key(Qt::Key_Escape);
 }
 
-void take_editor(user& user, album& album) {
-  user.in("replaceForm",
-          [] {
-            click_node("敬称");
-            press("update");
-          })
-      .in("replace_create",
-          [&] {
-            click_node("置換条件");
-            key(Qt::Key_Down);
-            key(Qt::Key_Down);
-            album.take("editor");
-            press("cond_set");
-          })
-      .whatever("the condition",
-                [&] {
-                  album.take("condition");
-                  key(Qt::Key_Escape);
-                })
-      .in("replace_create",
-          [] {
-            click_node("御中");
-            press("cond_val_set");
-          })
-      .in("set_value",
-          [&] {
-            album.take("value");
-            key(Qt::Key_Escape);
-          })
-      .in("replace_create", [] { press("exit"); });
+void take_editor(album& album) {
+  click_node("敬称");
+  press("update");
+  click_node("置換条件");
+  key(Qt::Key_Down);
+  key(Qt::Key_Down);
+  album.take("editor");
+  press("cond_set");
+  album.take("condition");
+  key(Qt::Key_Escape);
+  click_node("御中");
+  press("cond_val_set");
+  album.take("value");
+  key(Qt::Key_Escape);
 }
 
 }  // namespace
@@ -107,10 +81,9 @@ int main(int argc, char** argv) {
   test_store store;
   store.load_sample();
   album album(argv[1]);
-  user user;
-  take_browser(user, album);
-  take_editor(user, album);
-  user.in("replaceForm", [] { press("close"); });
-  user.browse(store);
+  browse(store, [&] {
+    take_browser(album);
+    take_editor(album);
+  });
   return album.complete() ? 0 : 1;
 }
