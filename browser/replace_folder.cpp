@@ -7,6 +7,7 @@
 #include "rules/row_checks.h"
 #include "rules/text_limits.h"
 #include "store/sql.h"
+#include "store/text.h"
 
 namespace ta_vorlumine {
 
@@ -36,7 +37,7 @@ void replaceFolder::ok() {
     platform::message("フォルダが必須です。");
     return Text1.set_focus();
   }
-  if (platform::character_count(name) > longest_text) {
+  if (ADODB::character_count(name) > longest_text) {
     return platform::message("タイトルが文字列長すぎます");
   }
   try {

@@ -2,16 +2,16 @@
 
 #include <cstdio>
 
-#include "platform/text_box.h"
+#include "store/text.h"
 
 namespace ta_vorlumine {
 
 bool has_date_form(std::string_view text, char separator) {
-  if (platform::character_count(text) != 10) return false;
+  if (ADODB::character_count(text) != 10) return false;
   // In front of the fifth and the eighth character there may be wide ones.
   std::size_t character = 0;
   for (const char byte : text) {
-    const bool starts = (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+    const bool starts = ADODB::begins_character(byte);
     character += starts ? 1 : 0;
     if (starts && (character == 5 || character == 8) && byte != separator) return false;
   }

@@ -1,8 +1,8 @@
 #include "conditions/r_text_cond.h"
 
 #include "platform/messages.h"
-#include "platform/text_box.h"
 #include "rules/text_limits.h"
+#include "store/text.h"
 
 namespace ta_vorlumine {
 namespace {
@@ -23,7 +23,7 @@ std::optional<ADODB::statement> insert(const line_cells& row) {
 }
 
 void validate(VSFlexGrid& fg, int col, bool& cancel) {
-  if (col != value || platform::character_count(fg.EditText()) <= longest_text) return;
+  if (col != value || ADODB::character_count(fg.EditText()) <= longest_text) return;
   platform::message("条件名が文字列長すぎます");
   cancel = true;
 }

@@ -3,6 +3,7 @@
 #include "rules/row_checks.h"
 #include "rules/text_limits.h"
 #include "store/sql.h"
+#include "store/text.h"
 
 namespace ta_vorlumine {
 namespace {
@@ -23,7 +24,7 @@ bool is_title_in_use(const std::string& title) {
 
 /// What is wrong with a title, empty if nothing is.
 std::string objection(const std::string& title) {
-  if (platform::character_count(title) > longest_text) return "タイトルが文字列長すぎます";
+  if (ADODB::character_count(title) > longest_text) return "タイトルが文字列長すぎます";
   if (is_field_name(title)) return "アドレス帳と同じ名称は設定できません。";
   if (shared().mode() != edit_mode::edit_definition && is_title_in_use(title)) {
     return "そのタイトルはすでに使用されています。";

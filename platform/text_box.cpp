@@ -3,7 +3,6 @@
 #include <QGuiApplication>
 #include <QInputMethod>
 #include <QLineEdit>
-#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -50,12 +49,6 @@ void TextBox::set_text(std::string_view text) {
   if (lines_ != lines::several) return as<QLineEdit>(peer()).setText(wanted);
   auto& edit = as<text_area>(peer());
   if (edit.text() != wanted) edit.set_text(wanted);
-}
-
-std::size_t character_count(std::string_view text) {
-  return static_cast<std::size_t>(std::count_if(text.begin(), text.end(), [](char byte) {
-    return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
-  }));
 }
 
 }  // namespace platform

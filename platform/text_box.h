@@ -31,7 +31,4 @@ class TextBox : public Control {
   lines lines_;
 };
 
-/// The number of characters (code points) of a UTF-8 text.
-[[nodiscard]] std::size_t character_count(std::string_view text);
-
 }  // namespace platform

@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "store/ascii.h"
 #include "store/error.h"
+#include "store/text.h"
 
 namespace ADODB {
 namespace {
@@ -21,13 +21,6 @@ const std::map<std::string, std::vector<std::string_view>>& keys_of_drivers() {
 
 [[noreturn]] void refuse(const std::string& text) {
   throw Error(failure_kind::other, "connection string: " + text);
-}
-
-std::string_view trimmed(std::string_view text) {
-  constexpr std::string_view blanks = " \t\r\n";
-  const std::size_t first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
 }
 
 /// Takes the entries from a text, one after the other.

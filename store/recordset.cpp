@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "store/ascii.h"
 #include "store/connection.h"
 #include "store/error.h"
+#include "store/text.h"
 
 namespace ADODB {
 

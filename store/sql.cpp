@@ -5,8 +5,8 @@
 #include <cstddef>
 #include <stdexcept>
 
-#include "store/ascii.h"
 #include "store/error.h"
+#include "store/text.h"
 
 namespace ADODB {
 namespace {

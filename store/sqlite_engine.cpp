@@ -4,8 +4,8 @@
 #include <memory>
 #include <utility>
 
-#include "store/ascii.h"
 #include "store/error.h"
+#include "store/text.h"
 
 namespace ADODB {
 namespace {

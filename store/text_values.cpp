@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <charconv>
 
-#include "store/ascii.h"
+#include "store/text.h"
 
 namespace ADODB {
 namespace {
@@ -18,10 +18,8 @@ std::optional<int> digits(std::string_view text) {
 }  // namespace
 
 std::optional<double> read_number(std::string_view text) {
-  const auto first = text.find_first_not_of(" \t\n\r");
-  if (first == std::string_view::npos) return {};
-  text = text.substr(first, text.find_last_not_of(" \t\n\r") - first + 1);
-  if (text.starts_with("+-")) return {};
+  text = trimmed(text);
+  if (text.empty() || text.starts_with("+-")) return {};
   if (text.front() == '+') text.remove_prefix(1);
   // The words that stand for infinity and for no number are numbers to the conversion alone.
   const bool plain = std::ranges::all_of(text, [](char c) {

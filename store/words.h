@@ -7,8 +7,8 @@
 #include <string>
 #include <string_view>
 
-#include "store/ascii.h"
 #include "store/fingerprint.h"
+#include "store/text.h"
 
 namespace ADODB {
 

@@ -17,7 +17,7 @@
 #include "platform/form.h"
 #include "platform/messages.h"
 #include "platform/native.h"
-#include "platform/text_box.h"
+#include "store/text.h"
 
 namespace {
 
@@ -86,7 +86,7 @@ class flex_grid : public testing::Test {
 
   void refuse_texts_longer_than(std::size_t length) {
     fg.on_validate_edit = [this, length](int, int col, bool& cancel) {
-      if (col != value || platform::character_count(fg.EditText()) <= length) return;
+      if (col != value || ADODB::character_count(fg.EditText()) <= length) return;
       platform::message("too long");
       cancel = true;
     };

@@ -1,6 +1,5 @@
 #include "tool/faults.h"
 
-#include <algorithm>
 
 namespace rule_store {
 namespace {
@@ -30,11 +29,6 @@ void fault_list::add(std::string_view table, std::initializer_list<key> numbers,
 
 std::string text_of(key number) {
   return number == no_key ? "null" : std::to_string(number);
-}
-
-std::size_t length_of(std::string_view text) {
-  return static_cast<std::size_t>(
-      std::ranges::count_if(text, [](char byte) { return (byte & 0xC0) != 0x80; }));
 }
 
 std::map<key, std::string> loops_in(const std::map<key, key>& parents) {

@@ -25,9 +25,6 @@ class fault_list {
 /// "3", or "null".
 [[nodiscard]] std::string text_of(key number);
 
-/// The number of characters of a text in UTF-8.
-[[nodiscard]] std::size_t length_of(std::string_view text);
-
 /// Every loop that the parents of rows form, once, as text: "3 under 7 under 3".
 [[nodiscard]] std::map<key, std::string> loops_in(const std::map<key, key>& parents);
 

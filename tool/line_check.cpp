@@ -2,6 +2,7 @@
 #include <utility>
 
 #include "rules/text_limits.h"
+#include "store/text.h"
 #include "tool/rule_check.h"
 
 namespace rule_store {
@@ -73,7 +74,7 @@ class line_check {
 
   void check_text() {
     check_method("s_method", line_.text, 3);
-    const std::size_t length = length_of(line_.text.value.text());
+    const std::size_t length = ADODB::character_count(line_.text.value.text());
     if (length > longest_text) add("an s_val of " + std::to_string(length) + " characters");
   }
 

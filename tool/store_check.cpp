@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "rules/text_limits.h"
+#include "store/text.h"
 #include "tool/faults.h"
 #include "tool/rule_check.h"
 
@@ -28,7 +29,7 @@ void check_titles(const store_rows& rows, fault_list& faults) {
     if (row.kind != "F" && row.kind != "C") {
       faults.add("replace", {row.no}, "unknown kind \"" + row.kind + "\"");
     }
-    const std::size_t length = length_of(row.title.text());
+    const std::size_t length = ADODB::character_count(row.title.text());
     if (length > longest_text) {
       faults.add("replace", {row.no}, "a title of " + std::to_string(length) + " characters");
     }

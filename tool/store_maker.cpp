@@ -7,11 +7,11 @@
 #include <filesystem>
 #include <system_error>
 
-#include "store/ascii.h"
 #include "store/connection_string.h"
 #include "store/error.h"
 #include "store/postgresql_session.h"
 #include "store/sqlite_database.h"
+#include "store/text.h"
 #include "tool/embedded_scripts.h"
 
 namespace rule_store {

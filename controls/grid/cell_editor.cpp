@@ -11,7 +11,7 @@
 #include <limits>
 
 #include "platform/native.h"
-#include "platform/text_box.h"
+#include "store/text.h"
 
 namespace ta_vorlumine {
 
@@ -42,7 +42,7 @@ class cell_editor::limited_text : public QValidator {
 
  private:
   static std::size_t count(const QString& text) {
-    return platform::character_count(from_toolkit(text));
+    return ADODB::character_count(from_toolkit(text));
   }
 };
 
@@ -75,7 +75,7 @@ cell_editor::cell_editor(QWidget& parent) : line_(new composed_line(*this, paren
 }
 
 void cell_editor::start(std::string_view text, int limit) {
-  const std::size_t length = platform::character_count(text);
+  const std::size_t length = ADODB::character_count(text);
   limited_->limit = limit == 0 ? 0 : std::max(static_cast<std::size_t>(limit), length);
   half_composed_.clear();
   set_text(text);

@@ -1,12 +1,13 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <string>
 #include <string_view>
 
 namespace ADODB {
 
-// Letters as statements and names mean them: ASCII only, whatever the locale.
+// Digits, letters and blanks are those of ASCII here, whatever the locale. Texts are UTF-8.
 
 [[nodiscard]] constexpr bool is_digit(char letter) {
   return letter >= '0' && letter <= '9';
@@ -25,6 +26,24 @@ namespace ADODB {
   std::string result(text);
   std::ranges::transform(result, result.begin(), [](char letter) { return lower(letter); });
   return result;
+}
+
+/// The text without the blanks, tabs and line ends around it.
+[[nodiscard]] constexpr std::string_view trimmed(std::string_view text) {
+  constexpr std::string_view blanks = " \t\r\n";
+  const std::size_t first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+/// Whether a character (code point) begins with this byte; the other bytes of it follow.
+[[nodiscard]] constexpr bool begins_character(char byte) {
+  return (static_cast<unsigned char>(byte) & 0xC0) != 0x80;
+}
+
+/// How many characters (code points) the text has.
+[[nodiscard]] constexpr std::size_t character_count(std::string_view text) {
+  return static_cast<std::size_t>(std::ranges::count_if(text, begins_character));
 }
 
 /// Whether two names differ at most in the case of the letters A to Z.
