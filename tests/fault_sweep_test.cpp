@@ -6,10 +6,6 @@
 #include <memory>
 
 #include "fault_trial.h"
-#include "full_disk.h"
-#include "statement_faults.h"
-#include "swept_commands.h"
-#include "wire_faults.h"
 
 using namespace harness;
 using rows = std::vector<std::string>;
@@ -66,13 +62,12 @@ std::string name_of(const swept_command& command, const trouble& trouble) {
 }
 
 std::vector<trouble> troubles_on_sqlite() {
-  return {{"statement refused",
-           [](test_store& store) { return std::make_unique<statement_faults>(store); }},
-          {"disk full", [](test_store&) { return std::make_unique<full_disk>(); }, true}};
+  return {{"statement refused", refused_statement},
+          {"disk full", [](test_store&) { return full_disk(); }, true}};
 }
 
 trouble on_the_wire(const std::string& name, wire_fault kind) {
-  return {name, [kind](test_store& store) { return std::make_unique<wire_faults>(store, kind); },
+  return {name, [kind](test_store& store) { return fault_on_the_wire(store, kind); },
           kind == wire_fault::away, kind == wire_fault::lost_after};
 }
 

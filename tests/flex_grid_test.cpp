@@ -12,12 +12,13 @@
 #include <QTest>
 #include <stdexcept>
 
-#include "harness.h"
 #include "platform/command_button.h"
 #include "platform/form.h"
 #include "platform/messages.h"
 #include "platform/native.h"
 #include "store/text.h"
+#include "test_store.h"
+#include "user.h"
 
 namespace {
 
@@ -66,8 +67,8 @@ class flex_grid : public testing::Test {
     EXPECT_TRUE(QTest::qWaitForWindowActive(view().window()));
   }
 
-  void answering(const std::string& message, const std::function<void()>& deed) {
-    harness::user().message(message).during(deed);
+  void answering(const std::string& message, const std::function<void()>& action) {
+    harness::play(action, [&] { harness::message(message); });
     activate();
   }
 

@@ -1,69 +1,66 @@
-#include "full_disk.h"
-
 #include <sqlite3.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cerrno>
 
+#include "store_faults.h"
+
 namespace harness {
 namespace {
 
-using system_call = sqlite3_syscall_ptr;
-
-int wanted = 0;
-int seen_growths = 0;
-bool is_full = false;
-bool has_failed = false;
-
-ssize_t write_while_there_is_room(int file, const void* bytes, size_t count, off64_t place) {
-  struct stat64 status {};
-  if (::fstat64(file, &status) != 0) return -1;
-  if (place + static_cast<off64_t>(count) > status.st_size) {
-    if (++seen_growths == wanted) is_full = has_failed = true;
-    if (is_full) return errno = ENOSPC, -1;
+class full_disks : public store_faults {
+ public:
+  // SQLite lets the system calls of its files be put in place of by others, none for its own.
+  full_disks() {
+    only = this;
+    write_by(reinterpret_cast<sqlite3_syscall_ptr>(write_while_there_is_room));
   }
-  return ::pwrite64(file, bytes, count, place);
-}
+  ~full_disks() override { write_by(nullptr); }
 
-// SQLite lets the system calls of its files be put in place of by others, none for its own.
-void write_by(system_call call) {
-  sqlite3_vfs* const files = sqlite3_vfs_find(nullptr);
-  files->xSetSystemCall(files, "pwrite64", call);
-}
+  void fail(int number) override {
+    wanted_ = number;
+    seen_ = 0;
+    is_full_ = false;
+  }
+  void mend() override { is_full_ = false; }
+  [[nodiscard]] int seen() const override { return seen_; }
+  [[nodiscard]] std::string failed() const override {
+    return has_failed_ ? "a write that needs room" : "";
+  }
+  [[nodiscard]] bool tells(const std::string& text) const override {
+    return text == "database or disk is full";
+  }
+
+ private:
+  static void write_by(sqlite3_syscall_ptr call) {
+    sqlite3_vfs* const files = sqlite3_vfs_find(nullptr);
+    files->xSetSystemCall(files, "pwrite64", call);
+  }
+  static ssize_t write_while_there_is_room(int file, const void* bytes, size_t count,
+                                           off64_t place) {
+    struct stat64 status {};
+    if (::fstat64(file, &status) != 0) return -1;
+    const bool grows = place + static_cast<off64_t>(count) > status.st_size;
+    if (grows && !only->has_room()) return errno = ENOSPC, -1;
+    return ::pwrite64(file, bytes, count, place);
+  }
+  bool has_room() {
+    if (++seen_ == wanted_) is_full_ = has_failed_ = true;
+    return !is_full_;
+  }
+
+  static inline full_disks* only = nullptr;
+  int wanted_ = 0;
+  int seen_ = 0;
+  bool is_full_ = false;
+  bool has_failed_ = false;
+};
 
 }  // namespace
 
-full_disk::full_disk() {
-  fail(0);
-  has_failed = false;
-  write_by(reinterpret_cast<system_call>(write_while_there_is_room));
-}
-
-full_disk::~full_disk() {
-  write_by(nullptr);
-}
-
-void full_disk::fail(int number) {
-  wanted = number;
-  seen_growths = 0;
-  is_full = false;
-}
-
-void full_disk::mend() {
-  is_full = false;
-}
-
-int full_disk::seen() const {
-  return seen_growths;
-}
-
-std::string full_disk::failed() const {
-  return has_failed ? "a write that needs room" : "";
-}
-
-bool full_disk::tells(const std::string& text) const {
-  return text == "database or disk is full";
+std::unique_ptr<store_faults> full_disk() {
+  return std::make_unique<full_disks>();
 }
 
 }  // namespace harness

@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
-#include "harness.h"
 #include "store/key_counters.h"
 #include "store/sql.h"
 #include "store_failure.h"
+#include "test_store.h"
 
 using namespace ADODB;
 

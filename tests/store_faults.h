@@ -1,13 +1,14 @@
 #pragma once
 
+#include <memory>
 #include <string>
 
 #include "test_store.h"
 
 namespace harness {
 
-/// What goes wrong in a store while the program works on it: the occasions for it are counted, and
-/// one of them fails. As it stands here nothing does.
+/// One thing going wrong between the program and its store: the occasions for it are counted, and
+/// one of them fails. As it stands here nothing does. There is one such object at a time.
 class store_faults {
  public:
   store_faults() = default;
@@ -30,5 +31,25 @@ class store_faults {
   /// True if the text is one that the fault brings to the user.
   [[nodiscard]] virtual bool tells(const std::string&) const { return false; }
 };
+
+/// SQLite refuses one statement, whichever it is, of the connections that are opened from now on: a
+/// write by a trigger, a read as interrupted, a commit as the engine refuses one.
+[[nodiscard]] std::unique_ptr<store_faults> refused_statement(test_store& store);
+
+/// From one write that makes a file of SQLite's longer on, every such write fails as on a full
+/// disk, until mend().
+[[nodiscard]] std::unique_ptr<store_faults> full_disk();
+
+enum class wire_fault {
+  refused,      ///< the server refuses the request
+  lost_before,  ///< the connection ends before the server gets the request
+  lost_after,   ///< the server does what it is asked, and the connection ends before the answer
+  away          ///< as lost_before, and nobody comes through any more until mend()
+};
+
+/// A road to the server of the tests on which one request fails. It counts all that go to the
+/// server, the preparing ones as well.
+[[nodiscard]] std::unique_ptr<store_faults> fault_on_the_wire(const test_store& store,
+                                                              wire_fault kind);
 
 }  // namespace harness

@@ -3,10 +3,10 @@
 #include <chrono>
 #include <map>
 
-#include "harness.h"
 #include "store/key_counters.h"
 #include "store/sql.h"
 #include "store_failure.h"
+#include "test_store.h"
 #include "tool/store_maker.h"
 
 using namespace ADODB;

@@ -8,9 +8,9 @@
 #include <fstream>
 #include <iterator>
 
-#include "harness.h"
 #include "store/key_counters.h"
 #include "store_failure.h"
+#include "test_store.h"
 
 using namespace ADODB;
 

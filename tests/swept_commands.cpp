@@ -32,10 +32,6 @@ step pick(const std::string& entry) {
   };
 }
 
-step drop(const std::string& source, const std::string& target) {
-  return [=] { drag_node(source, target); };
-}
-
 step line(const std::string& value) {
   return [=] {
     // A grid that has lost its rows gets one by a click.
@@ -46,15 +42,13 @@ step line(const std::string& value) {
   };
 }
 
-step without_first_line(const std::string& then) {
-  return [=] {
-    if (grid_column(5).front() == "東") {
-      click_cell(1, 5);
-      press("Command3");
-    }
-    // A refused deletion leaves the line: once more.
-    if (grid_column(5).front() != "東") press(then);
-  };
+void remove_first_line() {
+  if (grid_column(5).front() == "東") {
+    click_cell(1, 5);
+    press("Command3");
+  }
+  // A refused deletion leaves the line: once more.
+  if (grid_column(5).front() != "東") press("Command1");
 }
 
 std::string one(const std::string& table, const std::string& where) {
@@ -64,92 +58,72 @@ std::string none(const std::string& table, const std::string& where) {
   return "select 1 where not exists (select 1 from " + table + " where " + where + ")";
 }
 
+swept_command in_browser(const std::string& name, const std::string& goal, const step& in_tree,
+                         const std::string& dialog = "none", const step& in_dialog = {}) {
+  return {.name = name,
+          .window = dialog == "replaceFolder" ? dialog : "replaceForm",
+          .goal = goal,
+          .steps = {{"replaceForm", in_tree}, {dialog, in_dialog}},
+          .takes_rows_away = name.starts_with("delete"),
+          .is_whole = false};
+}
+
+swept_command in_editor(const std::string& name, const std::string& goal,
+                        const std::string& definition, const step& in_tree,
+                        const std::string& dialog = "none", const step& in_dialog = {}) {
+  return {.name = name,
+          .window = "replace_create",
+          .goal = goal,
+          .steps = {{"replaceForm", at(definition, "update")},
+                    {"replace_create", in_tree},
+                    {dialog, in_dialog}},
+          .takes_rows_away = name.starts_with("delete"),
+          .is_whole = name.find("condition") != name.npos};
+}
+
 }  // namespace
 
 std::vector<swept_command> swept_commands() {
-  const step edit = at("敬称", "update");
-  const auto leave = [](const std::string& title) { return fill("Text1", title, "exit"); };
-  std::vector<swept_command> all = {
-      {"new folder",
-       "replaceFolder",
-       one("replace", "title='新'"),
-       {{"replaceForm", at("宛名", "addf")}, {"replaceFolder", fill("Text1", "新", "Command2")}}},
-      {"rename folder",
-       "replaceFolder",
-       one("replace", "title='新'"),
-       {{"replaceForm", at("宛名", "updatef")},
-        {"replaceFolder", fill("Text1", "新", "Command2")}}},
-      {"delete folder",
-       "replaceForm",
-       none("replace", "title='宛名'"),
-       {{"replaceForm", at("宛名", "delf")}},
-       true},
-      {"new definition",
-       "replaceForm",
-       one("replace", "title='新'"),
-       {{"replaceForm", at("宛名", "add")}, {"replace_create", leave("新")}}},
-      {"edit definition",
-       "replace_create",
-       one("replace", "title='新'"),
-       {{"replaceForm", edit}, {"replace_create", leave("新")}}},
-      {"copy",
-       "replaceForm",
-       one("replace", "title='写し'"),
-       {{"replaceForm", at("敬称", "copy")}, {"replace_create", leave("写し")}}},
-      {"delete definition",
-       "replaceForm",
-       none("replace", "title='敬称'"),
-       {{"replaceForm", at("敬称", "del")}},
-       true},
-      {"move",
-       "replaceForm",
-       one("replace", "title='空' and p_replace_no=3"),
-       {{"replaceForm", drop("空", "宛名")}}},
-  };
+  const std::string renamed = one("replace", "title='新'");
+  const std::string valued = one("replace_m", "replace_title='値'");
   const std::string condition = "東（部分一致）";
-  const auto add = [&](const std::string& name, const std::string& goal, const std::string& node,
-                       const std::string& button, const std::string& dialog,
-                       const step& in_dialog) {
-    all.push_back(
-        {name,
-         "replace_create",
-         goal,
-         {{"replaceForm", edit}, {"replace_create", at(node, button)}, {dialog, in_dialog}}});
+  const step name_folder = fill("Text1", "新", "Command2");
+  const step name_value = fill("title_txt", "値", "Command1");
+  const step leave = fill("Text1", "新", "exit");
+  return {
+      in_browser("new folder", renamed, at("宛名", "addf"), "replaceFolder", name_folder),
+      in_browser("rename folder", renamed, at("宛名", "updatef"), "replaceFolder", name_folder),
+      in_browser("delete folder", none("replace", "title='宛名'"), at("宛名", "delf")),
+      in_browser("new definition", renamed, at("宛名", "add"), "replace_create", leave),
+      in_browser("edit definition", renamed, at("敬称", "update"), "replace_create", leave),
+      in_browser("copy", renamed, at("敬称", "copy"), "replace_create", leave),
+      in_browser("delete definition", none("replace", "title='敬称'"), at("敬称", "del")),
+      in_browser("move", one("replace", "title='空' and p_replace_no=3"),
+                 [] { drag_node("空", "宛名"); }),
+      in_editor("new field", one("replace_m", "field_id='F3' and p_replace_m_no=11"), "敬称",
+                at(condition, "addr_set"), "address_add", pick("取引開始日")),
+      in_editor("new value", valued, "敬称", at(condition, "cond_val_set"), "set_value",
+                name_value),
+      in_editor("change value", valued, "敬称", at("不明", "cond_val_set"), "set_value",
+                name_value),
+      in_editor("new condition", one("replace_cond", "s_val='西'"), "敬称", at("氏名", "cond_set"),
+                "r_text_cond", line("西")),
+      in_editor("change condition", one("replace_cond", "s_val='西'"), "敬称",
+                at(condition, "cond_set"), "r_text_cond", line("西")),
+      in_editor("empty condition", none("replace_cond", "s_val='東'"), "敬称",
+                at(condition, "cond_set"), "r_text_cond", remove_first_line),
+      in_editor("first date condition", one("replace_cond", "d_f_val='2005/01/31'"), "日付",
+                at("取引開始日", "cond_set"), "r_date_cond", line("2005/01/31")),
+      in_editor("first number condition", one("replace_cond", "n_f_val=5"), "数値",
+                at("年齢", "cond_set"), "r_number_cond", line("5")),
+      in_editor("first yes/no condition", one("replace_cond", "b_val"), "二択",
+                at("会員", "cond_set"), "r_yesno_cond", pick("はい")),
+      in_editor("delete field", none("replace_m", "replace_no=1"), "敬称", at("氏名", "del_set")),
+      in_editor("delete branch", none("replace_m", "replace_no=1 and replace_m_no=11"), "敬称",
+                at(condition, "del_set")),
+      in_editor("delete value", none("replace_m", "replace_no=1 and replace_m_no=13"), "敬称",
+                at("不明", "del_set")),
   };
-  add("new field", one("replace_m", "field_id='F3' and p_replace_m_no=11"), condition, "addr_set",
-      "address_add", pick("取引開始日"));
-  add("new value", one("replace_m", "replace_title='値'"), condition, "cond_val_set", "set_value",
-      fill("title_txt", "値", "Command1"));
-  add("change value", one("replace_m", "replace_title='値'"), "不明", "cond_val_set", "set_value",
-      fill("title_txt", "値", "Command1"));
-  add("new condition", one("replace_cond", "s_val='西'"), "氏名", "cond_set", "r_text_cond",
-      line("西"));
-  add("change condition", one("replace_cond", "s_val='西'"), condition, "cond_set", "r_text_cond",
-      line("西"));
-  add("empty condition", none("replace_cond", "s_val='東'"), condition, "cond_set", "r_text_cond",
-      without_first_line("Command1"));
-  add("first date condition", one("replace_cond", "d_f_val='2005/01/31'"), "取引開始日", "cond_set",
-      "r_date_cond", line("2005/01/31"));
-  add("first number condition", one("replace_cond", "n_f_val=5"), "年齢", "cond_set",
-      "r_number_cond", line("5"));
-  add("first yes/no condition", one("replace_cond", "b_val"), "会員", "cond_set", "r_yesno_cond",
-      pick("はい"));
-  for (const auto& [node, gone] : std::map<std::string, std::string>{{"氏名", "replace_m_no=10"},
-                                                                     {condition, "replace_m_no=11"},
-                                                                     {"不明", "replace_m_no=13"}}) {
-    add("delete " + gone.substr(13), none("replace_m", "replace_no=1 and " + gone), node, "del_set",
-        "", {});
-    all.back().takes_rows_away = true;
-  }
-  // Fields of each kind stand in a definition of their own, as its top row.
-  for (swept_command& command : all) {
-    for (const auto& [dialog, title] : std::map<std::string, std::string>{
-             {"r_date_cond", "日付"}, {"r_number_cond", "数値"}, {"r_yesno_cond", "二択"}}) {
-      if (command.steps.contains(dialog)) command.steps["replaceForm"] = at(title, "update");
-    }
-    command.is_whole = command.name.find("condition") != std::string::npos;
-  }
-  return all;
 }
 
 }  // namespace harness

@@ -1,14 +1,17 @@
-#include "wire_faults.h"
-
 #include <arpa/inet.h>
 #include <sys/socket.h>
 #include <sys/un.h>
 #include <unistd.h>
 
 #include <cstring>
+#include <map>
+#include <mutex>
 #include <stdexcept>
+#include <string_view>
+#include <thread>
 
 #include "store/connection_string.h"
+#include "store_faults.h"
 
 namespace harness {
 namespace {
@@ -72,11 +75,80 @@ std::string refused(const std::string& statement) {
                refusal + "'; end $$");
 }
 
-}  // namespace
+/// A connection that goes away with this object.
+class wire_end {
+ public:
+  explicit wire_end(int descriptor) : descriptor_(descriptor) {}
+  wire_end(const wire_end&) = delete;
+  wire_end& operator=(const wire_end&) = delete;
+  ~wire_end() { ::close(descriptor_); }
+  operator int() const { return descriptor_; }  // NOLINT(google-explicit-constructor)
 
-wire_end::~wire_end() {
-  ::close(descriptor_);
-}
+ private:
+  int descriptor_;
+};
+
+class wire_faults : public store_faults {
+ public:
+  wire_faults(const test_store& store, wire_fault kind);
+  ~wire_faults() override {
+    ::shutdown(listener_, SHUT_RDWR);
+    traffic_.join();
+    ::unlink((folder_ + "/" + port_).c_str());
+  }
+
+  [[nodiscard]] std::string connect_string(const test_store& store) const override {
+    const auto settings = ADODB::read_connection_string(store.connect_string());
+    return server_connect_string(
+        {{"server", folder_}, {"database", settings.values.at("database")}});
+  }
+  void fail(int number) override {
+    const std::lock_guard guard(lock_);
+    wanted_ = number;
+    seen_ = 0;
+  }
+  void mend() override {
+    const std::lock_guard guard(lock_);
+    is_away_ = false;
+  }
+  [[nodiscard]] int seen() const override {
+    const std::lock_guard guard(lock_);
+    return seen_;
+  }
+  [[nodiscard]] std::string failed() const override {
+    const std::lock_guard guard(lock_);
+    return failed_;
+  }
+  // Whoever loses a connection doesn't know what the server has done.
+  [[nodiscard]] bool tells(const std::string& text) const override {
+    if (kind_ == wire_fault::refused) return text == refusal;
+    return text.starts_with(
+        "the connection to the server was lost, what the last statement did is unknown");
+  }
+
+ private:
+  void serve(int client);
+  [[nodiscard]] std::string statement_of(std::string_view request);
+  /// Counts the request, and tells whether it is the one to fail.
+  [[nodiscard]] bool fails(const std::string& statement);
+  [[nodiscard]] bool is_open() const {
+    const std::lock_guard guard(lock_);
+    return !is_away_;
+  }
+
+  const wire_fault kind_;
+  const std::string folder_;  ///< of the socket that is the road's beginning
+  std::string server_;        ///< the socket that is its end
+  std::string port_;
+  std::map<std::string, std::string> prepared_;  ///< statements by their names
+  mutable std::mutex lock_;
+  int wanted_ = 0;
+  int seen_ = 0;
+  bool is_away_ = false;
+  std::string failed_;
+  wire_end listener_;
+  std::thread traffic_;
+};
 
 wire_faults::wire_faults(const test_store& store, wire_fault kind)
     : kind_(kind), folder_(store.folder().string()), listener_(new_socket()) {
@@ -92,12 +164,6 @@ wire_faults::wire_faults(const test_store& store, wire_fault kind)
       if (is_open()) serve(client);
     }
   });
-}
-
-wire_faults::~wire_faults() {
-  ::shutdown(listener_, SHUT_RDWR);
-  traffic_.join();
-  ::unlink((folder_ + "/" + port_).c_str());
 }
 
 // A client asks, and then waits for the answer.
@@ -137,42 +203,10 @@ bool wire_faults::fails(const std::string& statement) {
   return true;
 }
 
-bool wire_faults::is_open() {
-  const std::lock_guard guard(lock_);
-  return !is_away_;
-}
+}  // namespace
 
-std::string wire_faults::connect_string(const test_store& store) const {
-  const auto settings = ADODB::read_connection_string(store.connect_string());
-  return server_connect_string({{"server", folder_}, {"database", settings.values.at("database")}});
-}
-
-void wire_faults::fail(int number) {
-  const std::lock_guard guard(lock_);
-  wanted_ = number;
-  seen_ = 0;
-}
-
-void wire_faults::mend() {
-  const std::lock_guard guard(lock_);
-  is_away_ = false;
-}
-
-int wire_faults::seen() const {
-  const std::lock_guard guard(lock_);
-  return seen_;
-}
-
-std::string wire_faults::failed() const {
-  const std::lock_guard guard(lock_);
-  return failed_;
-}
-
-// Whoever loses a connection doesn't know what the server has done.
-bool wire_faults::tells(const std::string& text) const {
-  if (kind_ == wire_fault::refused) return text == refusal;
-  return text.starts_with(
-      "the connection to the server was lost, what the last statement did is unknown");
+std::unique_ptr<store_faults> fault_on_the_wire(const test_store& store, wire_fault kind) {
+  return std::make_unique<wire_faults>(store, kind);
 }
 
 }  // namespace harness
