@@ -21,5 +21,6 @@ add_test(NAME example_python
   COMMAND ${example} ${python} python3 ${PROJECT_SOURCE_DIR}/examples/host.py)
 add_test(NAME installed_library
   COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/installed_library ${CMAKE_BINARY_DIR} ${sanitizers})
-set_tests_properties(example_c example_thread example_python installed_library PROPERTIES
+add_test(NAME subproject COMMAND ${CMAKE_CURRENT_SOURCE_DIR}/subproject ${PROJECT_SOURCE_DIR})
+set_tests_properties(example_c example_thread example_python installed_library subproject PROPERTIES
   TIMEOUT 120 ENVIRONMENT "QT_QPA_PLATFORM=offscreen;${quiet}")
