@@ -6,6 +6,7 @@
 #include "rules/branch_deletion.h"
 #include "rules/key_counters.h"
 #include "rules/outdated_view.h"
+#include "rules/transaction.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -50,20 +51,23 @@ void replaceForm::rename_folder() {
 void replaceForm::delete_folder() {
   if (platform::ask("削除してもよろしいですか")) {
     const platform::busy_pointer busy;
+    in_transaction(conn, [this] {
+      conn.Execute(sql("Delete from replace where replace_no=<basNodeKey>", {basNodeKey}));
+      DeleteChild(basNodeKey);
+    });
     SSTree1.Nodes.Remove(basNodeKey);
-    conn.Execute(sql("Delete from replace where replace_no=<basNodeKey>", {basNodeKey}));
-    DeleteChild(basNodeKey);
   }
   Init_ToolBar();
 }
 
 void replaceForm::delete_definition() {
   if (platform::ask("削除してもよろしいですか")) {
+    in_transaction(conn, [this] {
+      conn.Execute(sql("Delete from replace where replace_no=<basNodeKey>", {basNodeKey}));
+      delete_rules(conn, shared().selected_key());
+      DeleteChild(basNodeKey);
+    });
     SSTree1.Nodes.Remove(basNodeKey);
-    conn.Execute(sql("Delete from replace where replace_no=<basNodeKey>", {basNodeKey}));
-    conn.Execute(sql("delete from replace_m where replace_no=<basNodeKey>", {basNodeKey}));
-    conn.Execute(sql("delete from replace_cond where replace_no=<basNodeKey>", {basNodeKey}));
-    DeleteChild(basNodeKey);
   }
   Init_ToolBar();
 }
@@ -71,30 +75,42 @@ void replaceForm::delete_definition() {
 // The row stands before the editor opens; an editor that is left untouched takes it away again.
 void replaceForm::add_definition() {
   shared().set_mode(edit_mode::new_definition);
-  const std::int64_t last_number = getfrom_seqno("replace");
-  const std::int16_t reserved = checked_key(getfrom_seqno("replace_m") + 1);
-  f_replace_no = insert_title_row(conn, last_number, [&](std::int16_t key) {
+  static_cast<void>(getfrom_seqno("replace"));
+  in_transaction(conn, [this] {
+    hold_title_row(conn, shared().selected_key());
+    const std::int16_t key = checked_key(next_title_key(conn));
+    // What is left of a definition that another program deleted badly must not come up in this one.
+    delete_rules(conn, key);
+    const std::int16_t reserved = checked_key(next_rule_key(conn, key));
     conn.Execute(
         sql("INSERT INTO replace(replace_no,p_replace_no,kind,title,replace_m_no) "
             "VALUES( <new key>,<basNodeKey> ,'C',' ',<reserved rule key>)",
             {key, basNodeKey, reserved}));
+    update_seqno("replace");
+    f_replace_m_no = reserved;
+    f_replace_no = key;
   });
-  update_seqno("replace");
-  f_replace_m_no = reserved;
   show_editor();
 }
 
 void replaceForm::edit_definition() {
   shared().set_mode(edit_mode::edit_definition);
   f_replace_no = checked_key(basRS.Fields().Item(0).Value().number());
-  f_replace_m_no = static_cast<std::int16_t>(basRS.Fields().Item(1).Value().number());
+  read_reserved_key();
   show_editor();
 }
 
 void replaceForm::copy_definition() {
   shared().set_mode(edit_mode::copy_definition);
-  f_replace_m_no = static_cast<std::int16_t>(basRS.Fields().Item(1).Value().number());
+  read_reserved_key();
   show_editor();
+}
+
+// Another program may have left it empty; the field dialog draws a key then.
+void replaceForm::read_reserved_key() {
+  const ADODB::Value reserved = basRS.Fields().Item(1).Value();
+  f_replace_m_no = reserved.is_null() || reserved.number() == 0 ? std::int16_t{0}
+                                                                : checked_key(reserved.number());
 }
 
 void replaceForm::show_editor() {

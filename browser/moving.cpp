@@ -3,6 +3,7 @@
 #include "browser/replace_form.h"
 #include "platform/messages.h"
 #include "rules/row_checks.h"
+#include "rules/transaction.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -34,6 +35,17 @@ bool lies_below_in_store(ADODB::Connection& conn, const std::string& source, std
   return false;
 }
 
+/// False if the move would make a loop. No other folder moves meanwhile, and the target stays.
+bool store_move(ADODB::Connection& conn, const std::string& source, const std::string& target) {
+  hold_moves(conn);
+  hold_title_row(conn, std::stoll(target));
+  require_title_row(conn, std::stoll(source));
+  if (lies_below_in_store(conn, source, target)) return false;
+  conn.Execute(ADODB::sql("UPDATE REPLACE SET P_REPLACE_NO = <p_val> WHERE REPLACE_NO = <val>",
+                          {target, source}));
+  return true;
+}
+
 }  // namespace
 
 void replaceForm::move_title_node(const Node& source, const Node& target) {
@@ -41,14 +53,11 @@ void replaceForm::move_title_node(const Node& source, const Node& target) {
   if (target.Key() != "0" && lies_below_namesake(source, target)) {
     return platform::message("この場所への移動はできません");
   }
-  require_title_row(conn, std::stoll(source.Key()));
-  if (lies_below_in_store(conn, source.Key(), target.Key())) {
-    platform::message("この場所への移動はできません");
-    return init_form();
-  }
-  conn.Execute(ADODB::sql("UPDATE REPLACE SET P_REPLACE_NO = <p_val> WHERE REPLACE_NO = <val>",
-                          {target.Key(), source.Key()}));
-  source.parent(target);
+  bool moved = false;
+  in_transaction(conn, [&] { moved = store_move(conn, source.Key(), target.Key()); });
+  if (moved) return source.parent(target);
+  platform::message("この場所への移動はできません");
+  init_form();
 }
 
 void replaceForm::press_on_tree(int x, int y) {

@@ -6,6 +6,7 @@
 #include "rules/key_counters.h"
 #include "rules/row_checks.h"
 #include "rules/text_limits.h"
+#include "rules/transaction.h"
 #include "store/sql.h"
 #include "store/text.h"
 
@@ -28,6 +29,7 @@ replaceFolder::replaceFolder()
 }
 
 void replaceFolder::load() {
+  tried_key_ = 0;
   if (shared().mode() == edit_mode::rename_folder) Text1.set_text(shared().tmpNode.Text());
 }
 
@@ -50,22 +52,34 @@ void replaceFolder::ok() {
   window.unload();
 }
 
+// The row and the counter go in together, so that a second OK never meets the row of the first.
+// Only where the answer to the first was lost may that row stand already.
 void replaceFolder::add_folder(const std::string& name) {
   auto& browser = form<replaceForm>();
-  if (browser.basNodeKey != "0") require_title_row(browser.conn, shared().selected_key());
-  const std::int16_t key =
-      insert_title_row(browser.conn, browser.getfrom_seqno("replace"), [&](std::int16_t number) {
-        browser.conn.Execute(
-            sql("INSERT INTO replace(replace_no,p_replace_no,kind,title,replace_m_no) "
-                "VALUES( <new key>,<basNodeKey> ,'F','<name>',0)",
-                {number, browser.basNodeKey, name}));
-      });
+  static_cast<void>(browser.getfrom_seqno("replace"));
+  in_transaction(browser.conn, [&] {
+    hold_title_row(browser.conn, shared().selected_key());
+    if (is_stored(tried_key_, name)) return;
+    tried_key_ = checked_key(next_title_key(browser.conn));
+    browser.conn.Execute(
+        sql("INSERT INTO replace(replace_no,p_replace_no,kind,title,replace_m_no) "
+            "VALUES( <new key>,<basNodeKey> ,'F','<name>',0)",
+            {tried_key_, browser.basNodeKey, name}));
+    browser.update_seqno("replace");
+  });
   browser.atNode =
-      browser.SSTree1.Nodes.AddChild(browser.basNodeKey, std::to_string(key), name, "0");
+      browser.SSTree1.Nodes.AddChild(browser.basNodeKey, std::to_string(tried_key_), name, "0");
   show_as_row(browser.atNode);
   browser.show_as_folder(browser.atNode);
   browser.atNode.parent().Expanded(true);
-  browser.update_seqno("replace");
+}
+
+bool replaceFolder::is_stored(row_key key, const std::string& name) {
+  const ADODB::Recordset found = shared().conn.Execute(
+      sql("select replace_no from replace where replace_no=<key> and p_replace_no=<basNodeKey> "
+          "and kind='F' and title='<name>'",
+          {key, shared().basNodeKey, name}));
+  return !found.eof();
 }
 
 void replaceFolder::rename_folder(const std::string& name) {

@@ -6,6 +6,7 @@
 #include "platform/form.h"
 #include "platform/label.h"
 #include "platform/text_box.h"
+#include "rules/row_key.h"
 
 namespace ta_vorlumine {
 
@@ -26,6 +27,9 @@ class replaceFolder {
   void ok();
   void add_folder(const std::string& name);
   void rename_folder(const std::string& name);
+  [[nodiscard]] static bool is_stored(row_key key, const std::string& name);
+
+  row_key tried_key_ = 0;  // of the folder that this opening has tried to add
 };
 
 }  // namespace ta_vorlumine

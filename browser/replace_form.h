@@ -75,6 +75,7 @@ class replaceForm {
   void edit_definition();
   void copy_definition();
   void delete_definition();
+  void read_reserved_key();
   void show_editor();
 
   void move_title_node(const Node& source, const Node& target);

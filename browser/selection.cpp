@@ -40,6 +40,7 @@ void replaceForm::select_node(const Node& node) {
     const std::string kind = basCopyRs.Fields().Item("KIND").Value().text();
     if (kind == "F") enable_for_folder();
     if (kind == "C") enable_for_definition();
+    if (kind != "F" && kind != "C") Init_ToolBar();
   });
 }
 

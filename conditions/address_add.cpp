@@ -4,10 +4,12 @@
 #include <string>
 
 #include "platform/messages.h"
+#include "rules/branch_deletion.h"
 #include "rules/field_list.h"
 #include "rules/key_counters.h"
 #include "rules/row_checks.h"
 #include "rules/shared_state.h"
+#include "rules/transaction.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -15,34 +17,55 @@ namespace {
 
 using ADODB::sql;
 
-void insert_field(std::int16_t key, const std::string& field_id) {
+/// A definition that another program made may have no key for its top field yet.
+std::int16_t reserve_top_key() {
   auto& state = shared();
+  const std::int16_t key = checked_key(next_rule_key(state.conn, state.f_replace_no));
+  state.conn.Execute(sql("update replace set replace_m_no=<key> where replace_no=<f_replace_no>",
+                         {key, state.f_replace_no}));
+  return key;
+}
+
+/// Rows that were left behind under the key when its row was deleted would hang under the new
+/// field. A row that has the key itself hangs elsewhere, and the key is not free.
+void clear_top_key(row_key key) {
+  auto& state = shared();
+  const ADODB::Recordset taken =
+      state.conn.Execute(sql("select replace_m_no from replace_m where replace_no=<f_replace_no> "
+                             "and replace_m_no=<key>",
+                             {state.f_replace_no, key}));
+  if (!taken.eof()) throw occupied_branch();
+  delete_branch(state.conn, state.f_replace_no, key);
+}
+
+/// The key for a new row under the selected node. The definition keeps one key for its top field,
+/// which is free, or else no other number would do.
+std::int16_t key_for_field() {
+  auto& state = shared();
+  if (state.basNodeKey != "0") return checked_key(next_rule_key(state.conn, state.f_replace_no));
+  return state.f_replace_m_no == 0 ? reserve_top_key() : state.f_replace_m_no;
+}
+
+/// Gives the key of the new row.
+std::int16_t insert_field(const std::string& field_id) {
+  auto& state = shared();
+  hold_title_row(state.conn, state.f_replace_no);
+  require_empty_branch(state.conn, state.f_replace_no, state.selected_key());
+  const std::int16_t key = key_for_field();
+  if (state.basNodeKey == "0") clear_top_key(key);
   state.conn.Execute(
       sql("insert into replace_m(replace_m_no,p_replace_m_no,use_type,field_id,replace_no) "
           "values(<new key>,<basNodeKey>,'F','<field_id>',<f_replace_no>)",
           {key, state.basNodeKey, field_id, state.f_replace_no}));
-}
-
-// The definition keeps one key for its top row: no other number will do if it is taken.
-void insert_top_field(const std::string& field_id) {
-  try {
-    insert_field(shared().f_replace_m_no, field_id);
-  } catch (const ADODB::Error& failure) {
-    if (failure.kind() != ADODB::failure_kind::refused_by_key) throw;
-    throw occupied_branch();
-  }
-}
-
-void add_field(const std::string& field_id, std::int64_t last_number) {
-  auto& state = shared();
-  require_empty_branch(state.conn, state.f_replace_no, state.selected_key());
-  if (state.basNodeKey == "0") {
-    insert_top_field(field_id);
-  } else {
-    insert_rule_row(state.conn, state.f_replace_no, last_number,
-                    [&](std::int16_t key) { insert_field(key, field_id); });
-  }
   update_seqno(state.conn, "replace_m");
+  return key;
+}
+
+void add_field(const std::string& field_id) {
+  auto& state = shared();
+  std::int16_t key = 0;
+  in_transaction(state.conn, [&] { key = insert_field(field_id); });
+  if (state.basNodeKey == "0") state.f_replace_m_no = key;
 }
 
 }  // namespace
@@ -72,8 +95,7 @@ void address_add::ok() {
   if (name.find('\'') != std::string::npos) {
     return platform::message("項目名に「'」が含まれているため、この項目は設定できません。");
   }
-  const bool top = state.basNodeKey == "0";
-  const std::int64_t last_number = top ? 0 : getfrom_seqno(state.conn, "replace_m");
+  if (state.basNodeKey != "0") static_cast<void>(getfrom_seqno(state.conn, "replace_m"));
   state.basRS = state.conn.Execute(
       sql("select field_id,attr from field where field_name='<Combo1 text>'", {name}));
   if (state.basRS.eof()) {
@@ -82,7 +104,7 @@ void address_add::ok() {
   const ADODB::Fields field = state.basRS.Fields();
   state.f_attr = field.Item("attr").Value().text();
   try {
-    add_field(field.Item("field_id").Value().text(), last_number);
+    add_field(field.Item("field_id").Value().text());
   } catch (const outdated_view& outdated) {
     platform::message(outdated.what());
   }

@@ -35,12 +35,15 @@ condition_dialog::condition_dialog(std::string name, condition_lines kind)
 
 void condition_dialog::load_lines() {
   auto& state = shared();
-  fg.DataSource(
-      state.conn.Execute(sql(kind_.select, {state.f_replace_no, state.f_replace_cond_no})));
+  new_row_.reset();
+  may_delete_branch_ = false;
+  known_lines_ = lines_in_store();
+  fg.DataSource(known_lines_);
   fg.FormatString(kind_.format);
   fg.Cols(first_value_column + static_cast<int>(kind_.widths.size()));
   fg.Editable(2);
   state.cond_mode = fg.Rows() > 1;
+  if (kind_.adjust) kind_.adjust(fg);
   add_trailing_row(std::to_string(state.f_replace_cond_no), state.sno_current);
   for (std::size_t i = 0; i < kind_.lists.size(); ++i) {
     if (!kind_.lists[i].empty()) {
@@ -64,18 +67,23 @@ line_cells condition_dialog::cells(int row) {
   return found;
 }
 
-std::int16_t condition_dialog::next_number() {
+ADODB::Recordset condition_dialog::lines_in_store() {
+  auto& state = shared();
+  return state.conn.Execute(sql(kind_.select, {state.f_replace_no, state.f_replace_cond_no}));
+}
+
+std::int64_t condition_dialog::next_number() {
   ADODB::Recordset found = shared().conn.Execute(
       sql("select max(sno) from replace_cond where replace_cond_no=<f_replace_cond_no> "
           "and replace_no=<f_replace_no>",
           {shared().f_replace_cond_no, shared().f_replace_no}));
   const bool none = found.eof() || found.Fields().Item(0).Value().is_null();
-  return none ? std::int16_t{1} : checked_key(found.Fields().Item(0).Value().number() + 1);
+  return none ? 1 : found.Fields().Item(0).Value().number() + 1;
 }
 
 void condition_dialog::add_trailing_row(const std::string& cond_no, std::int64_t sno) {
   std::string row = "\t" + std::to_string(shared().f_replace_no) + "\t" + cond_no + "\t" +
-                    std::to_string(checked_key(sno)) + "\t" + kind_.use_type;
+                    std::to_string(sno) + "\t" + kind_.use_type;
   row.append(kind_.widths.size(), '\t');
   fg.AddItem(row);
 }
@@ -104,16 +112,21 @@ void condition_dialog::row_check() {
 void condition_dialog::delete_line() {
   if (!fg.commit_edit()) return;
   if (const int row = fg.Row(); row != -1) {
-    const line_cells line = cells(row);
-    transaction_.run([&] {
-      shared().conn.Execute(
-          sql("delete from replace_cond where replace_cond_no=<cell 2> and replace_no=<cell 1> "
-              "and sno=<cell 3>",
-              {line[2], line[1], line[3]}));
-    });
+    delete_stored_line(cells(row));
     fg.RemoveItem(row);
   }
   set_widths();
+}
+
+// No line of a new condition is stored yet, and its number may by now be another program's.
+void condition_dialog::delete_stored_line(const line_cells& line) {
+  if (shared().f_cond_value == 0) return;
+  transaction_.run([&] {
+    shared().conn.Execute(
+        sql("delete from replace_cond where replace_cond_no=<cell 2> and replace_no=<cell 1> "
+            "and sno=<cell 3>",
+            {line[2], line[1], line[3]}));
+  });
 }
 
 }  // namespace ta_vorlumine

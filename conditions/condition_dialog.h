@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "conditions/condition_transaction.h"
+#include "conditions/new_condition.h"
 #include "controls/grid/flex_grid.h"
 #include "platform/command_button.h"
 #include "platform/form.h"
@@ -31,8 +32,11 @@ struct condition_lines {
   /// The statement that stores the row; nothing for a row that isn't complete.
   std::function<std::optional<ADODB::statement>(const line_cells&)> insert;
   /// Whether OK may go on with the row; it has told the user why not, where there is a word for it.
+  /// May be empty.
   std::function<bool(const line_cells&, int row)> test;
-  /// Before an edit of a cell is taken.
+  /// After the lines were loaded: what is shown otherwise than it is stored. May be empty.
+  std::function<void(VSFlexGrid&)> adjust;
+  /// Before an edit of a cell is taken. May be empty.
   std::function<void(VSFlexGrid&, int col, bool& cancel)> validate;
 };
 
@@ -53,21 +57,37 @@ class condition_dialog {
   void load_lines();
 
  private:
+  /// Why an OK has not stored anything.
+  enum class obstacle {
+    none,
+    no_line,        ///< no row of a new condition is complete
+    changed_lines,  ///< another program has changed the lines since they were loaded
+    branch_below    ///< without its last line the condition goes, and a branch hangs below it
+  };
+
   void set_widths();
   [[nodiscard]] line_cells cells(int row);
-  [[nodiscard]] std::int16_t next_number();
+  [[nodiscard]] ADODB::Recordset lines_in_store();
+  [[nodiscard]] std::int64_t next_number();
   void add_trailing_row(const std::string& cond_no, std::int64_t sno);
   void row_check();
   void delete_line();
+  void delete_stored_line(const line_cells& line);
 
   void ok();
-  [[nodiscard]] bool store();
+  [[nodiscard]] obstacle try_to_store();
+  [[nodiscard]] bool settle(obstacle found);
+  [[nodiscard]] obstacle store();
   [[nodiscard]] bool rows_pass();
   [[nodiscard]] bool store_lines();
+  [[nodiscard]] bool remove_condition();
   void drop_rows();
 
   condition_lines kind_;
   condition_transaction transaction_;
+  new_condition new_row_;
+  ADODB::Recordset known_lines_;    // as loaded, or as the user agreed to write over them
+  bool may_delete_branch_ = false;  // the user agreed to it
 };
 
 }  // namespace ta_vorlumine

@@ -3,12 +3,26 @@
 #include <exception>
 
 #include "rules/shared_state.h"
+#include "rules/transaction.h"
 #include "rules/with_undo.h"
 
 namespace ta_vorlumine {
 namespace {
 
-constexpr int most_tries = 5;
+constexpr int most_tries = 20;
+
+/// Runs `work`, and once more from `begin_again` on while another program gets in between.
+template <class Work, class Begin>
+auto run_while_in_between(Work work, Begin begin_again) {
+  for (int tries = 1;; ++tries) {
+    try {
+      return work();
+    } catch (const ADODB::Error& failure) {
+      if (!came_in_between(failure) || tries == most_tries) throw;
+      begin_again();
+    }
+  }
+}
 
 }  // namespace
 
@@ -21,29 +35,32 @@ void condition_transaction::run(const std::function<void()>& work) {
   // After a lost connection the dialog may stand here without a transaction; writing without one
   // would make its deletes final.
   if (!shared().conn.in_transaction()) begin();
-  with_undo([&] { run_while_stale(work); }, [] { begin_anew(ADODB::purpose::looking); });
+  with_undo([&] { run_while_in_between(work, [] { begin_anew(ADODB::purpose::writing); }); },
+            [] { begin_anew(ADODB::purpose::looking); });
 }
 
-void condition_transaction::run_while_stale(const std::function<void()>& work) {
-  for (int tries = 1;; ++tries) {
-    try {
-      return work();
-    } catch (const ADODB::Error& failure) {
-      if (failure.kind() != ADODB::failure_kind::stale || tries == most_tries) throw;
-      begin_anew(ADODB::purpose::writing);
-    }
-  }
+bool condition_transaction::store(const std::function<bool()>& work) {
+  bool stored = false;
+  with_undo([&] { stored = run_while_in_between([&] { return store_once(work); }, [] {}); },
+            [] { begin_anew(ADODB::purpose::looking); });
+  if (!stored) begin_anew(ADODB::purpose::looking);
+  return stored;
+}
+
+bool condition_transaction::store_once(const std::function<bool()>& work) {
+  auto& state = shared();
+  begin_anew(ADODB::purpose::writing);
+  hold_title_row(state.conn, state.f_replace_no);
+  if (!work()) return false;
+  state.conn.CommitTrans();
+  cond_saved_ = true;
+  return true;
 }
 
 void condition_transaction::begin_anew(ADODB::purpose purpose) {
   auto& conn = shared().conn;
   if (conn.in_transaction()) conn.RollbackTrans();
   conn.BeginTrans(purpose);
-}
-
-void condition_transaction::commit() {
-  shared().conn.CommitTrans();
-  cond_saved_ = true;
 }
 
 // A rollback fails only where the connection is lost, and then the engine rolls back by itself. The

@@ -6,7 +6,9 @@
 
 namespace ta_vorlumine {
 
-/// The one transaction that a condition dialog is, from its load to its OK or its closing.
+/// The transaction that a condition dialog is. From its load on, what the dialog deletes at once is
+/// taken back unless its OK goes through. OK begins anew, so that it sees the store as it is by
+/// then, and holds the definition against other editors while it writes.
 class condition_transaction {
  public:
   void begin();
@@ -17,14 +19,18 @@ class condition_transaction {
   /// `work` what it wrote is taken back, a new transaction begins, and the failure goes on.
   void run(const std::function<void()>& work);
 
-  /// Commits; from here on closing the dialog takes nothing back.
-  void commit();
+  /// Runs the `work` of OK in a transaction of its own, in place of the one before, and commits if
+  /// it gives true; from then on closing the dialog takes nothing back. It is run again where run()
+  /// would, and where a number that it drew is taken meanwhile. Without the commit, by false or by
+  /// a failure, all is taken back and a new transaction begins. Raises vanished_row if the
+  /// definition is gone.
+  bool store(const std::function<bool()>& work);
 
   /// The dialog closes: takes back what was not committed.
   void end() noexcept;
 
  private:
-  void run_while_stale(const std::function<void()>& work);
+  bool store_once(const std::function<bool()>& work);
   static void begin_anew(ADODB::purpose purpose);
 
   bool cond_saved_ = false;

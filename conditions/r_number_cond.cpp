@@ -34,8 +34,24 @@ bool check_number_row(const line_cells& row, int number) {
   return false;
 }
 
+// A copy makes a bound of 0 without a method out of a bound that is absent.
+void empty_absent_bound(VSFlexGrid& fg, int row, std::size_t value, std::size_t method) {
+  const int col = static_cast<int>(value);
+  const bool absent = fg.TextMatrix(row, static_cast<int>(method)).empty() &&
+                      ADODB::read_number(fg.TextMatrix(row, col)) == 0.0;
+  if (absent) fg.TextMatrix(row, col, "");
+}
+
+void empty_absent_bounds(VSFlexGrid& fg) {
+  for (int row = 1; row < fg.Rows(); ++row) {
+    empty_absent_bound(fg, row, from_value, from_method);
+    empty_absent_bound(fg, row, to_value, to_method);
+  }
+}
+
 condition_lines description() {
   condition_lines lines = range_lines("N", statements);
+  lines.adjust = empty_absent_bounds;
   lines.test = check_number_row;
   return lines;
 }

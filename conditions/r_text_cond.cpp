@@ -42,6 +42,7 @@ r_text_cond::r_text_cond()
               .is_emptied = [](const line_cells& row) { return !is_complete(row); },
               .insert = insert,
               .test = {},
+              .adjust = {},
               .validate = validate}) {}
 
 }  // namespace ta_vorlumine

@@ -1,7 +1,7 @@
 #include "conditions/r_yesno_cond.h"
 
-#include "conditions/new_condition.h"
 #include "platform/messages.h"
+#include "rules/condition_rows.h"
 #include "rules/row_checks.h"
 #include "rules/shared_state.h"
 #include "rules/with_undo.h"
@@ -14,19 +14,25 @@ using ADODB::sql;
 
 constexpr auto nothing_chosen = "選択してください";
 
-/// The line's answer; makes the line if the condition has none.
-ADODB::Value stored_answer() {
+ADODB::Recordset stored_lines() {
   auto& state = shared();
-  ADODB::Recordset line = state.conn.Execute(
+  return state.conn.Execute(
       sql("select b_val from replace_cond where replace_cond_no=<f_replace_cond_no> "
           "and replace_no=<f_replace_no>",
           {state.f_replace_cond_no, state.f_replace_no}));
-  if (!line.eof()) return line.Fields().Item("b_val").Value();
+}
+
+void insert_line() {
+  auto& state = shared();
   state.conn.Execute(
       sql("insert into replace_cond(replace_no,replace_cond_no,sno,use_type) "
           "values(<f_replace_no>,<f_replace_cond_no>,<sno_current>,'B')",
-          {state.f_replace_no, state.f_replace_cond_no, state.sno_current}));
-  return {};
+          {state.f_replace_no, state.f_replace_cond_no, checked_key(state.sno_current)}));
+}
+
+/// The line's answer; null if the condition has no line or no answer.
+ADODB::Value answer_of(const ADODB::Recordset& lines) {
+  return lines.eof() ? ADODB::Value() : lines.Fields().Item("b_val").Value();
 }
 
 }  // namespace
@@ -48,6 +54,7 @@ r_yesno_cond::r_yesno_cond()
 void r_yesno_cond::load() {
   for (const char* entry : {nothing_chosen, "はい", "いいえ"}) Combo1.AddItem(entry);
   Combo1.select(nothing_chosen);
+  new_row_.reset();
   transaction_.begin();
   // A form that fails to load is never unloaded.
   with_undo([this] { transaction_.run([this] { read_answer(); }); },
@@ -55,49 +62,73 @@ void r_yesno_cond::load() {
 }
 
 void r_yesno_cond::read_answer() {
-  const ADODB::Value answer = stored_answer();
-  if (!answer.is_null()) Combo1.select(answer.truth() ? "はい" : "いいえ");
+  const ADODB::Recordset lines = stored_lines();
+  known_answer_ = answer_of(lines);
+  if (!known_answer_.is_null()) Combo1.select(known_answer_.truth() ? "はい" : "いいえ");
+  if (lines.eof() && shared().f_replace_cond_no > 0) insert_line();
 }
 
 void r_yesno_cond::ok() {
   const std::string choice = Combo1.text();
   if (choice == nothing_chosen) return platform::message("選択してください!");
   if (choice != "はい" && choice != "いいえ") platform::message("Exception Error!");
-  bool was_told = false;
+  was_told_ = false;
   try {
-    transaction_.run([&] {
-      store_answer(choice == "はい");
-      if (!was_told) platform::message("設定完了！");
-      was_told = true;
-      make_row();
-      transaction_.commit();
-    });
+    while (!transaction_.store([&] { return store_answer(choice == "はい"); })) {
+      if (!may_overwrite()) return;
+    }
   } catch (const vanished_row& gone) {
     platform::message(gone.what());
   }
   window.unload();
 }
 
-// A transaction that had to begin anew has lost the line of the opening: it is made again, and
-// under a new number if another program has taken the one of then.
-void r_yesno_cond::store_answer(bool answer) {
+/// Asked while nothing is locked.
+bool r_yesno_cond::may_overwrite() {
+  if (!platform::ask("この条件は他のプログラムによって変更されています。"
+                     "上書きしてもよろしいですか")) {
+    return false;
+  }
+  known_answer_ = answer_of(stored_lines());
+  return true;
+}
+
+/// False if another program has changed the answer since it was read. The message comes before the
+/// row and the commit, and only once, however often the work has to begin anew.
+bool r_yesno_cond::store_answer(bool answer) {
   auto& state = shared();
   require_rule_row(state.conn, state.f_replace_no, state.selected_key());
-  if (state.f_cond_value == 0 && count_children() <= 1) renew_condition_number();
-  static_cast<void>(stored_answer());
+  const std::int64_t children = state.f_cond_value == 0 ? count_children() : 0;
+  const bool is_own = find_number(children);
+  const ADODB::Recordset lines = stored_lines();
+  if (!is_own && !(answer_of(lines) == known_answer_)) return false;
+  if (lines.eof()) insert_line();
   state.conn.Execute(
       sql("update replace_cond set b_val=<answer> where replace_no=<f_replace_no> "
           "and replace_cond_no=<f_replace_cond_no>",
           {answer ? "True" : "False", state.f_replace_no, state.f_replace_cond_no}));
+  if (!was_told_) platform::message("設定完了！");
+  was_told_ = true;
+  // With its otherwise branch the field needs no more rows.
+  if (state.f_cond_value == 0 && children <= 1 && !is_own) new_row_.insert(children);
+  state.basRS.Close();
+  return true;
 }
 
-// A yes/no field has one condition: with its otherwise branch it needs no more rows.
-void r_yesno_cond::make_row() {
+/// Sets the number of the condition that OK writes to: of the selected condition, of the one that
+/// the field has, or a new one. True if it is the row of an earlier OK, whose answer was lost.
+bool r_yesno_cond::find_number(std::int64_t children) {
   auto& state = shared();
-  if (state.f_cond_value != 0) return;
-  const std::int64_t children = count_children();
-  if (children <= 1) insert_new_condition(children);
-  state.basRS.Close();
+  const row_key definition = state.f_replace_no;
+  const row_key selected = state.selected_key();
+  if (state.f_cond_value == 1) {
+    state.f_replace_cond_no = checked_key(condition_number(state.conn, definition, selected));
+    return false;
+  }
+  if (new_row_.was_tried() || children <= 1) return new_row_.stands_already();
+  const row_key first = first_condition_number(state.conn, definition, selected);
+  if (first > 0) state.f_replace_cond_no = checked_key(first);
+  return false;
 }
 
 }  // namespace ta_vorlumine

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "conditions/condition_transaction.h"
+#include "conditions/new_condition.h"
 #include "platform/combo_box.h"
 #include "platform/command_button.h"
 #include "platform/form.h"
 #include "platform/label.h"
+#include "store/value.h"
 
 namespace ta_vorlumine {
 
@@ -24,10 +26,14 @@ class r_yesno_cond {
   void load();
   void read_answer();
   void ok();
-  void store_answer(bool answer);
-  void make_row();
+  [[nodiscard]] bool may_overwrite();
+  [[nodiscard]] bool store_answer(bool answer);
+  [[nodiscard]] bool find_number(std::int64_t children);
 
   condition_transaction transaction_;
+  new_condition new_row_;
+  ADODB::Value known_answer_;  // as read, or as the user agreed to write over it
+  bool was_told_ = false;
 };
 
 }  // namespace ta_vorlumine

@@ -47,6 +47,7 @@ condition_lines range_lines(const std::string& use_type, const range_statements&
           .is_emptied = is_emptied,
           .insert = [statements](const line_cells& row) { return insert(statements, row); },
           .test = {},
+          .adjust = {},
           .validate = {}};
 }
 

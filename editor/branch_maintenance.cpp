@@ -3,13 +3,18 @@
 #include "rules/branch_deletion.h"
 #include "rules/condition_rows.h"
 #include "rules/record_values.h"
+#include "rules/transaction.h"
 
 namespace ta_vorlumine {
 
 // The row goes in before its node: only the store knows whether its number is free.
 void replace_create::ins_yiwai() {
   auto& state = shared();
-  const row_key key = insert_otherwise_row(state.conn, state.f_replace_no, state.selected_key());
+  row_key key = 0;
+  in_transaction(state.conn, [&] {
+    hold_title_row(state.conn, state.f_replace_no);
+    key = insert_otherwise_row(state.conn, state.f_replace_no, state.selected_key());
+  });
   state.atNode = SSTree1.Nodes.AddChild(state.basNodeKey, std::to_string(key), "以外");
   state.atNode.parent().Expanded(true);
   show_as_row(state.atNode);

@@ -28,7 +28,12 @@ const char* suffix(const suffixes& of, const ADODB::Value& method) {
   return number < of.size() ? of[number] : of[0];
 }
 
+// A copy makes a number bound of 0 without a method out of a bound that is absent.
 std::string bound(const ADODB::Recordset& line, const std::string& end, const suffixes& of) {
+  if (end.starts_with('n') && column(line, end + "_method").is_null() &&
+      column(line, end + "_val").text() == "0") {
+    return {};
+  }
   return column(line, end + "_val").text() + suffix(of, column(line, end + "_method"));
 }
 

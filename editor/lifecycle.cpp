@@ -27,6 +27,7 @@ void replace_create::load() {
 }
 
 void replace_create::open_definition() {
+  loaded_ = {stored_fields(), {}, {}};
   // The root counts as selected, and a value is what it takes without a further look.
   if (shared().mode() == edit_mode::new_definition) {
     Toolbar1.enable(cond_val_set_button, true);
@@ -47,6 +48,8 @@ void replace_create::fill_fields() {
   if (rows.eof()) throw vanished_row();
   Text1.set_text(rows.Fields().Item("title").Value().text());
   Text2.set_text(rows.Fields().Item("comment").Value().text());
+  loaded_.shown_title = Text1.text();
+  loaded_.shown_remark = Text2.text();
 }
 
 }  // namespace ta_vorlumine

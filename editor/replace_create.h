@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "controls/tree/ss_tree.h"
 #include "platform/form.h"
@@ -35,7 +36,7 @@ class replace_create {
   std::string& f_fieldname = shared().f_fieldname;
   std::int16_t& f_replace_cond_no = shared().f_replace_cond_no;
   std::int16_t& f_cond_value = shared().f_cond_value;
-  std::int16_t& sno_current = shared().sno_current;
+  std::int32_t& sno_current = shared().sno_current;
   bool& cond_mode = shared().cond_mode;
   std::int16_t& r_value = shared().r_value;
 
@@ -89,19 +90,32 @@ class replace_create {
   static void read_children();
   void mend_lone_condition();
   [[nodiscard]] bool read_field_attr();
-  void reuse_yesno_number(std::int16_t selected, std::int16_t first);
+  [[nodiscard]] row_key number_for_dialog(const ADODB::Recordset& row);
   void set_next_line_number();
   void open_condition_dialog();
 
   void del_set();
-  void delete_field(const ADODB::Recordset& row, const std::string& key);
-  void delete_condition(const ADODB::Recordset& row, const std::string& key);
-  void delete_otherwise(row_key otherwise);
-  void delete_value(const ADODB::Recordset& row, const std::string& key);
+  void remove_nodes(const std::vector<row_key>& keys);
 
   void exit();
   void exit_untitled();
-  static bool definition_stands();
+  [[nodiscard]] bool store_title();
+
+  struct title_fields {
+    std::string title;
+    std::string remark;
+    friend bool operator==(const title_fields&, const title_fields&) = default;
+  };
+  [[nodiscard]] title_fields wanted_fields();
+  [[nodiscard]] static title_fields stored_fields();
+
+  /// What the editor opened with. A box may show bytes that are no text otherwise than they are
+  /// stored.
+  struct {
+    title_fields stored;
+    std::string shown_title;
+    std::string shown_remark;
+  } loaded_;
 
   void load_text_cond_grid();
   void load_date_cond_grid();

@@ -1,6 +1,7 @@
 #include "conditions/address_add.h"
 #include "editor/replace_create.h"
 #include "platform/messages.h"
+#include "rules/condition_rows.h"
 #include "rules/key_counters.h"
 #include "rules/outdated_view.h"
 #include "store/sql.h"
@@ -14,21 +15,6 @@ using platform::form;
 
 ADODB::Value column(const ADODB::Recordset& rows, std::string_view name) {
   return rows.Fields().Item(name).Value();
-}
-
-/// The number of a condition's lines, 0 for none. Copied rows hold 0 where others hold null.
-std::int16_t line_number(const ADODB::Recordset& row) {
-  const ADODB::Value number = column(row, "replace_cond_no");
-  return number.is_null() ? std::int16_t{0} : static_cast<std::int16_t>(number.number());
-}
-
-/// The number of the first condition among the rows, 0 if there is none. The otherwise branch,
-/// which has no lines, may come before it.
-std::int16_t first_line_number(ADODB::Recordset rows) {
-  for (; !rows.eof(); rows.MoveNext()) {
-    if (const std::int16_t number = line_number(rows); number != 0) return number;
-  }
-  return 0;
 }
 
 }  // namespace
@@ -54,18 +40,16 @@ void replace_create::cond_set() {
   if (state.basCopyRs.eof()) throw vanished_row();
   const ADODB::Recordset row = state.basCopyRs;
   f_cond_value = column(row, "use_type").text() == "C" ? 1 : 0;
-  if (f_cond_value == 1) {
-    f_replace_cond_no = line_number(row);
-    f_fieldname = state.tmpNode.parent().Text();
-  } else {
-    f_replace_cond_no = free_condition_number(state.conn, state.f_replace_no);
-    f_fieldname = state.tmpNode.Text();
+  f_fieldname = f_cond_value == 1 ? state.tmpNode.parent().Text() : state.tmpNode.Text();
+  if (f_cond_value == 0) {
+    static_cast<void>(getfrom_seqno(state.conn, "replace_cond"));
     read_children();
     mend_lone_condition();
   }
-  const std::int16_t first = f_cond_value == 1 ? std::int16_t{0} : first_line_number(state.basRS);
-  if (!read_field_attr()) return;
-  if (f_attr == "B") reuse_yesno_number(line_number(row), first);
+  if (!read_field_attr()) return init_tree();
+  const row_key number = number_for_dialog(row);
+  // Without a number a condition has no lines; OK gives it one.
+  f_replace_cond_no = number == 0 ? std::int16_t{0} : checked_key(number);
   state.basCopyRs.Close();
   set_next_line_number();
   open_condition_dialog();
@@ -107,13 +91,15 @@ bool replace_create::read_field_attr() {
   return true;
 }
 
-// A yes/no field has one condition, which is opened again: the selected one, or the field's first.
-void replace_create::reuse_yesno_number(std::int16_t selected, std::int16_t first) {
-  if (selected > 0) {
-    f_replace_cond_no = selected;
-  } else if (first > 0) {
-    f_replace_cond_no = first;
-  }
+/// The number of the selected condition's lines, or a new number for a new condition. A yes/no
+/// field has one condition, which is opened again.
+row_key replace_create::number_for_dialog(const ADODB::Recordset& row) {
+  auto& state = shared();
+  if (f_cond_value == 1) return lines_of(row);
+  const row_key first =
+      f_attr == "B" ? first_condition_number(state.conn, state.f_replace_no, state.selected_key())
+                    : 0;
+  return first > 0 ? first : next_condition_number(state.conn, state.f_replace_no);
 }
 
 void replace_create::set_next_line_number() {
@@ -122,7 +108,7 @@ void replace_create::set_next_line_number() {
       sql("select max(sno) from replace_cond where replace_cond_no=<f_replace_cond_no>",
           {f_replace_cond_no}));
   const bool none = rows.eof() || rows.Fields().Item(0).Value().is_null();
-  sno_current = none ? std::int16_t{1} : checked_key(rows.Fields().Item(0).Value().number() + 1);
+  sno_current = none ? 1 : static_cast<std::int32_t>(rows.Fields().Item(0).Value().number()) + 1;
 }
 
 void replace_create::open_condition_dialog() {

@@ -14,6 +14,15 @@ std::string text_of(const ADODB::Recordset& row, std::string_view column) {
   return row.Fields().Item(column).Value().text();
 }
 
+/// Whether the row is an otherwise branch with a condition behind it. Other programs may leave an
+/// ordinary condition without a type, and some engines sort null behind everything.
+bool is_otherwise_too_early(ADODB::Recordset row) {
+  if (text_of(row, "replace_cond_type") != "1") return false;
+  const std::string field = text_of(row, "p_replace_m_no");
+  row.MoveNext();
+  return !row.eof() && text_of(row, "p_replace_m_no") == field;
+}
+
 std::string field_text(const std::string& field_id) {
   auto& rows = shared().basRS;
   rows = shared().conn.Execute(
@@ -36,8 +45,9 @@ void replace_create::init_tree() {
   add_rule_nodes();
 }
 
-// Every row that this editor writes comes after its parent. What other programs wrote may not: such
-// rows wait until a parent has come, and those that no parent comes for are left out.
+// Every row that this editor writes comes after its parent, and the otherwise branch last. What other
+// programs wrote may not: such rows wait until the others are there, and those that no parent comes
+// for are left out.
 void replace_create::add_rule_nodes() {
   auto& rows = shared().basCopyRs;
   std::vector<ADODB::Recordset> waiting;
@@ -45,7 +55,7 @@ void replace_create::add_rule_nodes() {
     return SSTree1.Nodes.Has(text_of(row, "p_replace_m_no"));
   };
   for (; !rows.eof(); rows.MoveNext()) {
-    if (has_parent(rows)) {
+    if (has_parent(rows) && !is_otherwise_too_early(rows)) {
       initone();
     } else {
       waiting.push_back(rows);

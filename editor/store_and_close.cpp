@@ -2,6 +2,7 @@
 #include "platform/messages.h"
 #include "rules/row_checks.h"
 #include "rules/text_limits.h"
+#include "rules/transaction.h"
 #include "store/sql.h"
 #include "store/text.h"
 
@@ -16,10 +17,18 @@ bool is_field_name(const std::string& title) {
   return !found.eof();
 }
 
+std::string stored_title() {
+  const ADODB::Recordset row = shared().conn.Execute(
+      sql("select title from replace where replace_no=<up_replace_no>", {shared().f_replace_no}));
+  return row.eof() ? std::string() : row.Fields().Item(0).Value().text();
+}
+
+/// By another definition: this one may bear the title already, where the answer to an earlier exit
+/// was lost.
 bool is_title_in_use(const std::string& title) {
-  ADODB::Recordset found = shared().conn.Execute(
+  const ADODB::Recordset found = shared().conn.Execute(
       sql("select title from replace where title = '<title>' and kind='C'", {title}));
-  return !found.eof();
+  return found.RecordCount() > (stored_title() == title ? 1 : 0);
 }
 
 /// What is wrong with a title, empty if nothing is.
@@ -41,36 +50,77 @@ void replace_create::exit() {
     platform::message(wrong);
     return Text1.set_focus();
   }
-  if (Text2.text().empty()) Text2.set_text(" ");
-  if (!definition_stands()) return window.unload();
-  shared().conn.Execute(
-      sql("UPDATE replace SET title='<title>',comment='<comment>' where replace_no= "
-          "<up_replace_no>",
-          {title, Text2.text(), up_replace_no}));
+  try {
+    while (!store_title()) {
+      if (!platform::ask("タイトルまたは備考が他のプログラムによって変更されています。"
+                         "上書きしてもよろしいですか")) {
+        return;
+      }
+    }
+  } catch (const vanished_row& gone) {
+    platform::message(gone.what());  // there is nothing left to edit
+  }
   window.unload();
+}
+
+/// False if another program has changed what the user is about to write over; the next call does
+/// write over it. What the user hasn't typed into is written back just as it was stored, and stays
+/// as another program has changed it.
+bool replace_create::store_title() {
+  auto& state = shared();
+  const bool typed = Text1.text() != loaded_.shown_title || Text2.text() != loaded_.shown_remark;
+  const title_fields wanted = wanted_fields();
+  bool done = true;
+  in_transaction(state.conn, [&] {
+    hold_title_row(state.conn, up_replace_no);
+    const title_fields stored = stored_fields();
+    const bool changed = !(stored == loaded_.stored) && !(stored == wanted);
+    done = !changed || !typed;
+    if (!done) loaded_.stored = stored;
+    if (changed) return;
+    state.conn.Execute(
+        sql("UPDATE replace SET title='<title>',comment='<comment>' where replace_no= "
+            "<up_replace_no>",
+            {wanted.title, wanted.remark, up_replace_no}));
+  });
+  return done;
+}
+
+/// An empty remark is stored as one blank.
+replace_create::title_fields replace_create::wanted_fields() {
+  const std::string title = Text1.text();
+  const std::string remark = Text2.text();
+  title_fields wanted = loaded_.stored;
+  if (title != loaded_.shown_title) wanted.title = title;
+  if (remark != loaded_.shown_remark) wanted.remark = remark;
+  if (wanted.remark.empty()) wanted.remark = " ";
+  return wanted;
+}
+
+replace_create::title_fields replace_create::stored_fields() {
+  const ADODB::Recordset row = shared().conn.Execute(sql(
+      "select title,comment from replace where replace_no=<basNodeKey>", {shared().f_replace_no}));
+  if (row.eof()) throw vanished_row();
+  return {row.Fields().Item("title").Value().text(), row.Fields().Item("comment").Value().text()};
 }
 
 void replace_create::exit_untitled() {
+  auto& state = shared();
   // After a failure the tree may show less than there is.
-  if (SSTree1.Nodes.Count() >= 2 || has_children(shared().conn, up_replace_no, 0)) {
-    platform::message("タイトルを入力してください。");
-    return Text1.set_focus();
+  bool has_rules = SSTree1.Nodes.Count() >= 2;
+  if (!has_rules) {
+    in_transaction(state.conn, [&] {
+      state.conn.Execute(
+          sql("update replace set kind=kind where replace_no=<up_replace_no>", {up_replace_no}));
+      has_rules = has_children(state.conn, up_replace_no, 0);
+      if (has_rules) return;
+      state.conn.Execute(
+          sql("delete from replace where replace_no=<up_replace_no>", {up_replace_no}));
+    });
   }
-  shared().conn.Execute(
-      sql("delete from replace where replace_no=<up_replace_no>", {up_replace_no}));
-  window.unload();
-}
-
-// There is nothing left to edit once another program has deleted the definition: the user learns
-// it, and the editor ends.
-bool replace_create::definition_stands() {
-  try {
-    require_title_row(shared().conn, shared().f_replace_no);
-    return true;
-  } catch (const vanished_row& gone) {
-    platform::message(gone.what());
-    return false;
-  }
+  if (!has_rules) return window.unload();
+  platform::message("タイトルを入力してください。");
+  Text1.set_focus();
 }
 
 }  // namespace ta_vorlumine

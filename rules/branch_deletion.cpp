@@ -27,6 +27,11 @@ void delete_branch(ADODB::Connection& conn, row_key definition, row_key key) {
                    {definition, key}));
 }
 
+void delete_rules(ADODB::Connection& conn, row_key definition) {
+  conn.Execute(sql("delete from replace_m where replace_no=<replace_no>", {definition}));
+  conn.Execute(sql("delete from replace_cond where replace_no=<replace_no>", {definition}));
+}
+
 void delete_only_child(ADODB::Connection& conn, row_key definition, row_key key) {
   const ADODB::Recordset count =
       conn.Execute(sql("select count(*) from replace_m where replace_no=<replace_no> "
@@ -45,8 +50,7 @@ void delete_folder_contents(ADODB::Connection& conn, row_key replace_no) {
           {replace_no}));
   for (; !children.eof(); children.MoveNext()) {
     const row_key child = children.Fields().Item("replace_no").Value().number();
-    conn.Execute(sql("delete from replace_m where replace_no=<replace_no>", {child}));
-    conn.Execute(sql("delete from replace_cond where replace_no=<replace_no>", {child}));
+    delete_rules(conn, child);
     delete_folder_contents(conn, child);
   }
   conn.Execute(sql("Delete from replace where replace_no=<P_ID>", {replace_no}));

@@ -10,6 +10,9 @@ namespace ta_vorlumine {
 /// row. What a failure leaves is what had not been reached.
 void delete_branch(ADODB::Connection& conn, row_key definition, row_key key);
 
+/// Deletes all rule rows and lines of a definition.
+void delete_rules(ADODB::Connection& conn, row_key definition);
+
 /// Deletes the child row of a node that has exactly one, and nothing below it.
 void delete_only_child(ADODB::Connection& conn, row_key definition, row_key key);
 

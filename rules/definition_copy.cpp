@@ -1,12 +1,15 @@
 #include "rules/definition_copy.h"
 
 #include <algorithm>
+#include <map>
+#include <optional>
 #include <utility>
 
+#include "rules/branch_deletion.h"
 #include "rules/key_counters.h"
-#include "rules/outdated_view.h"
 #include "rules/record_values.h"
-#include "rules/with_undo.h"
+#include "rules/transaction.h"
+#include "store/key_counters.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -46,31 +49,51 @@ ADODB::Value date_bound(const ADODB::Recordset& line, const std::string& column)
   return ADODB::Value(std::string("1900/01/01"));
 }
 
-/// One copy on its way: the numbers that it has drawn.
+/// One copy on its way: the numbers that it gives.
 struct copy_numbers {
   row_key source;
-  row_key definition;
-  std::int64_t offset;
-  std::int64_t next_condition;
+  row_key definition = 0;
+  row_key next_condition = 0;
+  std::map<row_key, row_key> rules{};  ///< the source's rule keys, and the copy's
+
+  [[nodiscard]] row_key last_rule() const { return rules.rbegin()->second; }
+  /// 0 for the root; nothing for a parent that has no row.
+  [[nodiscard]] std::optional<row_key> parent_of(const ADODB::Recordset& rule) const {
+    const row_key parent = whole(rule, "P_REPLACE_M_NO");
+    if (parent == 0) return 0;
+    const auto found = rules.find(parent);
+    return found == rules.end() ? std::nullopt : std::optional(found->second);
+  }
 };
 
-/// Known before anything is written: the highest rule number and the last condition number.
-void require_room(ADODB::Recordset rules, const copy_numbers& numbers) {
-  std::int64_t next_condition = numbers.next_condition;
-  for (; !rules.eof(); rules.MoveNext()) {
-    static_cast<void>(checked_key(whole(rules, "REPLACE_M_NO") + numbers.offset));
-    const std::string cond_no = record_text(rules, "REPLACE_COND_NO");
-    if (!cond_no.empty() && cond_no != "0") static_cast<void>(checked_key(next_condition++));
+/// Moves all rule keys by one constant, so that their gaps remain. Only where that would pass the
+/// highest key that there is, the gaps are closed.
+void number_rules(ADODB::Recordset rows, row_key first, copy_numbers& numbers) {
+  for (; !rows.eof(); rows.MoveNext()) numbers.rules[whole(rows, "REPLACE_M_NO")] = 0;
+  if (numbers.rules.empty()) return;
+  const row_key offset = first - numbers.rules.begin()->first;
+  const bool has_room = numbers.rules.rbegin()->first + offset <= highest_key;
+  row_key next = first;
+  for (auto& [of_source, of_copy] : numbers.rules) {
+    of_copy = checked_key(has_room ? of_source + offset : next++);
   }
 }
 
-void copy_replace_row(ADODB::Connection& conn, row_key source, row_key key, row_key first_rule) {
+/// The key that a definition reserves for its top field is that of the top field that it has.
+row_key reserved_key(ADODB::Recordset rows, row_key first, const copy_numbers& numbers) {
+  for (; !rows.eof(); rows.MoveNext()) {
+    const bool is_top_field = numbers.parent_of(rows) == 0 && record_text(rows, "USE_TYPE") == "F";
+    if (is_top_field) return numbers.rules.at(whole(rows, "REPLACE_M_NO"));
+  }
+  return checked_key(first);
+}
+
+void copy_replace_row(ADODB::Connection& conn, const copy_numbers& numbers, row_key reserved) {
   ADODB::Recordset row;
-  row.Open(sql("SELECT * FROM REPLACE WHERE REPLACE_NO = %1", {source}), conn);
-  if (row.eof()) throw vanished_row();
-  conn.Execute(
-      sql(definition_row, {key, value_or_null(row, "P_REPLACE_NO"), record_text(row, "KIND"),
-                           record_text(row, "TITLE"), record_text(row, "COMMENT"), first_rule}));
+  row.Open(sql("SELECT * FROM REPLACE WHERE REPLACE_NO = %1", {numbers.source}), conn);
+  conn.Execute(sql(definition_row, {numbers.definition, value_or_null(row, "P_REPLACE_NO"),
+                                    record_text(row, "KIND"), record_text(row, "TITLE"),
+                                    record_text(row, "COMMENT"), reserved}));
   row.Close();
 }
 
@@ -80,76 +103,78 @@ void copy_cond_rows(ADODB::Connection& conn, row_key condition, const copy_numbe
   line.Open(sql("SELECT * FROM REPLACE_COND WHERE REPLACE_COND_NO = %1", {condition}), conn);
   for (; !line.eof(); line.MoveNext()) {
     if (whole(line, "REPLACE_NO") != numbers.source) continue;
-    conn.Execute(sql(
-        line_row, {numbers.next_condition, GetRecordNum(line, "SNO"), record_text(line, "USE_TYPE"),
-                   value_or_null(line, "S_METHOD"), record_text(line, "S_VAL"),
-                   value_or_null(line, "D_F_METHOD"), date_bound(line, "D_F_VAL"),
-                   value_or_null(line, "D_T_METHOD"), date_bound(line, "D_T_VAL"),
-                   value_or_null(line, "N_F_METHOD"), GetRecordNum(line, "N_F_VAL"),
-                   value_or_null(line, "N_T_METHOD"), GetRecordNum(line, "N_T_VAL"),
-                   value_or_null(line, "B_VAL"), numbers.definition}));
+    conn.Execute(sql(line_row, {checked_key(numbers.next_condition), GetRecordNum(line, "SNO"),
+                                record_text(line, "USE_TYPE"), value_or_null(line, "S_METHOD"),
+                                record_text(line, "S_VAL"), value_or_null(line, "D_F_METHOD"),
+                                date_bound(line, "D_F_VAL"), value_or_null(line, "D_T_METHOD"),
+                                date_bound(line, "D_T_VAL"), value_or_null(line, "N_F_METHOD"),
+                                GetRecordNum(line, "N_F_VAL"), value_or_null(line, "N_T_METHOD"),
+                                GetRecordNum(line, "N_T_VAL"), value_or_null(line, "B_VAL"),
+                                numbers.definition}));
   }
   line.Close();
 }
 
-/// Gives the new row's number. The lines go in before the row that points to them.
-row_key copy_rule_row(ADODB::Connection& conn, const ADODB::Recordset& rule,
-                      copy_numbers& numbers) {
-  const row_key number = whole(rule, "REPLACE_M_NO") + numbers.offset;
-  const row_key parent = whole(rule, "P_REPLACE_M_NO");
+/// The lines go in before the row that points to them. A row that hangs below none, which no window
+/// shows, is not carried.
+void copy_rule_row(ADODB::Connection& conn, const ADODB::Recordset& rule, copy_numbers& numbers) {
+  const std::optional<row_key> parent = numbers.parent_of(rule);
+  if (!parent) return;
   std::string condition = record_text(rule, "REPLACE_COND_NO");
   if (condition.empty() || condition == "0") {
     condition = "0";
   } else {
     copy_cond_rows(conn, whole(rule, "REPLACE_COND_NO"), numbers);
-    condition = std::to_string(numbers.next_condition++);
+    condition = std::to_string(checked_key(numbers.next_condition++));
   }
-  conn.Execute(sql(
-      rule_row, {number, parent == 0 ? 0 : parent + numbers.offset, record_text(rule, "USE_TYPE"),
-                 record_text(rule, "FIELD_ID"), GetRecordNum(rule, "REPLACE_COND_TYPE"), condition,
-                 record_text(rule, "REPLACE_TITLE"), record_text(rule, "REPLACE_TYPE"),
-                 record_text(rule, "R_FIELD_ID"), record_text(rule, "R_TEXT"),
-                 record_text(rule, "R_TEXT_FILENAME"), record_text(rule, "R_IMAGE_FILENAME"),
-                 record_text(rule, "R_MMEDIA_FILENAME"), numbers.definition}));
-  return number;
+  conn.Execute(
+      sql(rule_row,
+          {numbers.rules.at(whole(rule, "REPLACE_M_NO")), *parent, record_text(rule, "USE_TYPE"),
+           record_text(rule, "FIELD_ID"), GetRecordNum(rule, "REPLACE_COND_TYPE"), condition,
+           record_text(rule, "REPLACE_TITLE"), record_text(rule, "REPLACE_TYPE"),
+           record_text(rule, "R_FIELD_ID"), record_text(rule, "R_TEXT"),
+           record_text(rule, "R_TEXT_FILENAME"), record_text(rule, "R_IMAGE_FILENAME"),
+           record_text(rule, "R_MMEDIA_FILENAME"), numbers.definition}));
 }
 
-// A counter never goes back: another program may have drawn numbers meanwhile.
-void write_counters(ADODB::Connection& conn, const copy_numbers& numbers, row_key last_rule) {
-  const auto write = [&](const ADODB::words& statement, const char* name, std::int64_t number) {
-    conn.Execute(sql(statement, {std::max(number, getfrom_seqno(conn, name))}));
-  };
-  write("UPDATE SEQNO SET REPLACE = %1", "replace", numbers.definition);
-  if (last_rule != 0) write("UPDATE SEQNO SET REPLACE_M = %1", "replace_m", last_rule);
-  write("UPDATE SEQNO SET REPLACE_COND = %1", "replace_cond", numbers.next_condition);
+// The condition counter ends one above the last number used, if there is such a number.
+void write_counters(ADODB::Connection& conn, const copy_numbers& numbers) {
+  conn.Execute(sql("UPDATE SEQNO SET REPLACE = %1", {numbers.definition}));
+  if (!numbers.rules.empty()) {
+    conn.Execute(sql("UPDATE SEQNO SET REPLACE_M = %1", {numbers.last_rule()}));
+  }
+  conn.Execute(sql("UPDATE SEQNO SET REPLACE_COND = %1",
+                   {std::min(numbers.next_condition, row_key{highest_key})}));
+}
+
+copied_definition copy_rows(ADODB::Connection& conn, row_key source) {
+  hold_title_row(conn, source);
+  copy_numbers numbers{source, checked_key(next_title_key(conn)),
+                       ADODB::last_number(conn, "replace_cond").value_or(0) + 1};
+  const row_key first_rule = ADODB::last_number(conn, "replace_m").value_or(0) + 1;
+  ADODB::Recordset rules;
+  rules.Open(sql("SELECT * FROM REPLACE_M WHERE REPLACE_NO = %1 ORDER BY REPLACE_M_NO", {source}),
+             conn);
+  number_rules(rules, first_rule, numbers);
+  const row_key reserved = reserved_key(rules, first_rule, numbers);
+  delete_rules(conn, numbers.definition);
+  copy_replace_row(conn, numbers, reserved);
+  for (; !rules.eof(); rules.MoveNext()) copy_rule_row(conn, rules, numbers);
+  write_counters(conn, numbers);
+  return {checked_key(numbers.definition), checked_key(reserved)};
 }
 
 }  // namespace
 
 copied_definition copy_definition(ADODB::Connection& conn, row_key source) {
-  const std::int64_t last_title = getfrom_seqno(conn, "replace");
-  copy_numbers numbers{source, 0, 0, getfrom_seqno(conn, "replace_cond") + 1};
-  const row_key first_rule = getfrom_seqno(conn, "replace_m") + 1;
-  ADODB::Recordset rules;
-  rules.Open(sql("SELECT * FROM REPLACE_M WHERE REPLACE_NO = %1 ORDER BY REPLACE_M_NO", {source}),
-             conn);
-  if (!rules.eof()) numbers.offset = first_rule - whole(rules, "REPLACE_M_NO");
-  require_room(rules, numbers);
-  numbers.definition = insert_title_row(
-      conn, last_title, [&](std::int16_t key) { copy_replace_row(conn, source, key, first_rule); });
-  with_undo(
-      [&] {
-        row_key last_rule = 0;
-        for (; !rules.eof(); rules.MoveNext()) last_rule = copy_rule_row(conn, rules, numbers);
-        write_counters(conn, numbers, last_rule);
-      },
-      [&] { discard_definition(conn, numbers.definition); });
-  return {checked_key(numbers.definition), static_cast<std::int16_t>(first_rule)};
+  static_cast<void>(getfrom_seqno(conn, "replace"));
+  copied_definition copy{};
+  in_transaction(conn, [&] { copy = copy_rows(conn, source); });
+  return copy;
 }
 
 void discard_definition(ADODB::Connection& conn, row_key replace_no) {
-  conn.Execute(sql("delete from replace_cond where replace_no=<replace_no>", {replace_no}));
-  conn.Execute(sql("delete from replace_m where replace_no=<replace_no>", {replace_no}));
+  delete_rules(conn, replace_no);
   conn.Execute(sql("Delete from replace where replace_no=<replace_no>", {replace_no}));
 }
 

@@ -11,9 +11,8 @@ struct copied_definition {
   std::int16_t replace_m_no;
 };
 
-/// Copies a definition with its rule rows and lines under new keys, into the folder of the source.
-/// Raises before anything is written if the numbers don't suffice, and vanished_row if the source
-/// is gone; a copy that fails later is deleted again.
+/// Copies a definition with its rule rows and lines under new keys, into the folder of the source,
+/// as one transaction: whole or not at all. Raises vanished_row if the source is gone.
 copied_definition copy_definition(ADODB::Connection& conn, row_key source);
 
 /// Deletes a definition with its rule rows and lines, the definition's own row last: what could not

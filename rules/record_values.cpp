@@ -28,7 +28,8 @@ std::string GetRecordValue(const ADODB::Recordset& rs, const std::string& fid) {
 std::string GetRecordNum(const ADODB::Recordset& rs, const std::string& fid) {
   try {
     const ADODB::Value value = rs.Fields().Item(fid).Value();
-    return value.is_null() ? "0" : value.text();
+    const std::string text = value.text();  // of null it is empty
+    return text.empty() ? "0" : text;
   } catch (const std::exception&) {
     return "0";
   }

@@ -12,7 +12,8 @@ namespace ta_vorlumine {
 /// The same with each "'" doubled, for whoever writes a statement as a bare text.
 [[nodiscard]] std::string GetRecordValue(const ADODB::Recordset& rs, const std::string& fid);
 
-/// A column as text for an unquoted place; "0" for null and on any failure.
+/// A column as text for an unquoted place; "0" for null, for an empty text
+/// and on any failure.
 [[nodiscard]] std::string GetRecordNum(const ADODB::Recordset& rs, const std::string& fid);
 
 }  // namespace ta_vorlumine

@@ -9,6 +9,9 @@ namespace ta_vorlumine {
 /// row. A tree node's key is the same number as decimal text.
 using row_key = std::int64_t;
 
+/// The highest key that programs on the store can keep: they have 16 bits.
+inline constexpr std::int16_t highest_key = 32767;
+
 /// A key in the 16 bits that all programs on the store keep it in. Raises std::runtime_error, with
 /// a text for the user, outside 1 to 32767.
 [[nodiscard]] std::int16_t checked_key(row_key key);

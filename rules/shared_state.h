@@ -38,7 +38,7 @@ struct shared_state {
   std::string f_fieldname;             ///< name of that field
   std::int16_t f_replace_cond_no = 0;  ///< number of the lines that the dialog edits
   std::int16_t f_cond_value = 0;       ///< 1: an existing condition, 0: a new one under a field
-  std::int16_t sno_current = 0;        ///< number that the next new line gets
+  std::int32_t sno_current = 0;        ///< number that the next new line gets; checked when it does
   bool cond_mode = false;              ///< the condition had lines when its dialog opened
   std::int16_t r_value = 0;            ///< 1: the value dialog edits a value, 0: it adds one
 

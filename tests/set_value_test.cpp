@@ -261,7 +261,7 @@ TEST_F(ValueDialog, TakesAPathAsChosen) {
   EXPECT_EQ(last_value(2), "41|0|題|T|null|" + path + "|null|null|null");
 }
 
-TEST_F(ValueDialog, APlaceTakesOneValueHoweverOftenOkIsPressed) {
+TEST_F(ValueDialog, ARefusedCounterTakesTheValueBackAndTheNextOkStoresItOnce) {
   store.refuse("update", "seqno", "今は変更できません");
   add([this] {
     type("title_txt", "題");
@@ -269,7 +269,6 @@ TEST_F(ValueDialog, APlaceTakesOneValueHoweverOftenOkIsPressed) {
     message("今は変更できません");
     store.stop_refusing();
     ok();
-    message("この位置には項目または置換値がすでに設定されています。一覧を読み直します。");
     EXPECT_EQ(tree_lines(), (rows{"置換条件", "  題"}));
   });
 }

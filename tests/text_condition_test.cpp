@@ -230,14 +230,4 @@ TEST_F(TextCondition, AConditionDeletedByAnotherProgramIsNotWrittenAgain) {
   EXPECT_TRUE(texts(1).empty());
 }
 
-TEST_F(TextCondition, AConditionThatGetsNoNumberOfItsOwnIsNotMade) {
-  store.run_all({"delete from seqno", "update replace_cond set replace_no=33"});
-  edit_at("新規", "氏名", "cond_set", [] {
-    message("SEQNOテーブルがありません");
-    message("SEQNOテーブルがありません");
-    message("条件の番号を決められません。");
-  });
-  EXPECT_EQ(texts(33).size(), 3U);
-}
-
 }  // namespace

@@ -3,6 +3,7 @@
 #include "rules/key_counters.h"
 #include "rules/row_checks.h"
 #include "rules/shared_state.h"
+#include "rules/transaction.h"
 #include "store/sql.h"
 #include "values/set_value.h"
 
@@ -15,17 +16,17 @@ constexpr std::array<const char*, value_kinds> type_letters{"S", "T", "I", "M", 
 constexpr std::array<const char*, 4> columns{"r_text", "r_text_filename", "r_image_filename",
                                              "r_mmedia_filename"};
 
-void write(const value_entry& value, std::int64_t last_number) {
+void write(const value_entry& value) {
   auto& state = shared();
-  if (shared().r_value == 1) {
+  hold_title_row(state.conn, state.f_replace_no);
+  if (state.r_value == 1) {
     require_rule_row(state.conn, state.f_replace_no, state.selected_key());
     state.conn.Execute(update_statement(value, state.basNodeKey, state.f_replace_no));
     return;
   }
   require_empty_branch(state.conn, state.f_replace_no, state.selected_key());
-  insert_rule_row(state.conn, state.f_replace_no, last_number, [&](std::int16_t key) {
-    state.conn.Execute(insert_statement(value, key, state.basNodeKey, state.f_replace_no));
-  });
+  const std::int16_t key = checked_key(next_rule_key(state.conn, state.f_replace_no));
+  state.conn.Execute(insert_statement(value, key, state.basNodeKey, state.f_replace_no));
   update_seqno(state.conn, "replace_m");
 }
 
@@ -71,13 +72,13 @@ void set_value::ok() {
     title_txt.set_enabled(true);
     return title_txt.set_focus();
   }
-  const std::int64_t last_number = getfrom_seqno(shared().conn, "replace_m");
+  static_cast<void>(getfrom_seqno(shared().conn, "replace_m"));
   const auto kind = selected_kind();
   if (!kind) return platform::message("置換値が必須です。");
   if (!has_content(*kind)) return;
   const value_entry value{*kind, title, content(*kind, title)};
   try {
-    write(value, last_number);
+    in_transaction(shared().conn, [&] { write(value); });
   } catch (const outdated_view& outdated) {
     platform::message(outdated.what());
   }
