@@ -34,6 +34,7 @@ constexpr std::array known_texts = {
     "そのタイトルはすでに使用されています。",
     "CHECK constraint failed: d_",  // a day that no calendar has is told, and stays as typed
     "CHECK constraint failed: n_",
+    "invalid input syntax for type numeric: ",
     // Another user on the same store was quicker.
     "database is locked",
     "対象の行は他のプログラムによって削除されています。",
