@@ -44,6 +44,24 @@ TEST(RuleStoreTool, MakesAStoreOnceAndTouchesNothingThatIsThere) {
   EXPECT_EQ(rule_store_with({"init", folder_only.folder().string()}).code, 1);
 }
 
+TEST(RuleStoreTool, TakesNoConnectionStringForTheNameOfAFile) {
+  const harness::test_store folder_only;
+  const std::string path = (folder_only.folder() / "new.db").string();
+  EXPECT_EQ(rule_store_with({"init", " driver = SQLite ; Database = " + path}).code, 0);
+  EXPECT_TRUE(std::filesystem::remove(path));
+  for (const std::string& place :
+       {"Drivr=SQLite;Database=" + path + ";Pwd=secret", path + ";Pwd : secret",
+        "postgresql://me:secret@" + path, "dbname=" + path + " password=secret",
+        "Driver=SQLite;Database=" + path + ", Pwd = secret"}) {
+    const outcome refused = rule_store_with({"init", place});
+    EXPECT_EQ(refused.code, 1);
+    EXPECT_TRUE(refused.errors.starts_with("rule_store: connection string: ")) << refused.errors;
+    EXPECT_EQ(refused.errors.find("secret"), std::string::npos) << refused.errors;
+  }
+  for (const auto& file : std::filesystem::directory_iterator(folder_only.folder()))
+    EXPECT_FALSE(file.path().filename().string().starts_with("new")) << file.path();
+}
+
 TEST(RuleStoreTool, ShowsItsUsageWhenCalledWrongly) {
   const std::vector<std::vector<std::string_view>> wrong = {{},
                                                             {"other"},

@@ -5,6 +5,7 @@
 
 #include <cerrno>
 #include <filesystem>
+#include <string_view>
 #include <system_error>
 
 #include "store/connection_string.h"
@@ -64,12 +65,30 @@ void make_on_server(const ADODB::connection_settings& settings, content wanted) 
   session.run("COMMIT");
 }
 
+// A file may be named so, too, but the text may hold a password, which must not become a name.
+bool looks_like_connection_string(std::string_view place) {
+  return place.find_first_of("=;") != std::string_view::npos ||
+         place.find("://") != std::string_view::npos;
+}
+
+// An entry that is not parted from the name by ";" belongs to the name.
+std::string file_named_by(const ADODB::connection_settings& settings) {
+  const std::string& path = settings.values.at("database");
+  const std::string name = ADODB::lower(path);
+  const bool names_password =
+      name.find("pwd") != std::string::npos || name.find("passw") != std::string::npos;
+  if (names_password && name.find('=') != std::string::npos)
+    throw ADODB::Error(ADODB::failure_kind::other,
+                       "connection string: the name of the Database holds a password");
+  return path;
+}
+
 }  // namespace
 
 void make_store(const std::string& place, content wanted) {
-  if (ADODB::lower(place).find("driver=") == std::string::npos) return make_file(place, wanted);
+  if (!looks_like_connection_string(place)) return make_file(place, wanted);
   const auto settings = ADODB::read_connection_string(place);
-  if (settings.driver == "sqlite") return make_file(settings.values.at("database"), wanted);
+  if (settings.driver == "sqlite") return make_file(file_named_by(settings), wanted);
   make_on_server(settings, wanted);
 }
 
