@@ -3,7 +3,8 @@
 --
 -- Numbers are given as the editor gives them: a rule row has a greater number than its parent, the
 -- top field row has the number that its definition reserves in replace_m_no, the otherwise row comes
--- right behind the first condition, and no two conditions of the store share a number.
+-- right behind the first condition, and no two conditions of the store share a number. Numbers that
+-- are left out belonged to rows that were deleted.
 
 -- The fields of the address book. attr: T text, M long text, D date, N number, B yes or no.
 INSERT INTO field (field_id, field_name, attr) VALUES
@@ -192,15 +193,13 @@ INSERT INTO replace_m (replace_no, replace_m_no, p_replace_m_no, use_type, field
 INSERT INTO replace_m
   (replace_no, replace_m_no, p_replace_m_no, use_type, replace_cond_type, replace_cond_no) VALUES
   (9, 54, 53, 'C', '0', 15),
-  (9, 55, 53, 'C', '1', null),
-  (9, 56, 53, 'C', '0', 16);
+  (9, 55, 53, 'C', '1', null);
 INSERT INTO replace_m
   (replace_no, replace_m_no, p_replace_m_no, use_type, replace_title, replace_type,
    r_image_filename) VALUES
   (9, 57, 54, 'R', '航空便ラベル', 'I', '図/航空便.png');
 INSERT INTO replace_cond (replace_no, replace_cond_no, sno, use_type, b_val) VALUES
-  (9, 15, 1, 'B', True),
-  (9, 16, 1, 'B', False);
+  (9, 15, 1, 'B', True);
 
 -- ============================================================
 -- Folder 季節の挨拶
@@ -225,13 +224,12 @@ INSERT INTO replace (replace_no, p_replace_no, kind, title, comment, replace_m_n
   (13, 12, 'C', '年賀状の本文（得意先）', '喪中の方には寒中見舞いを出す。', 58);
 INSERT INTO replace_m (replace_no, replace_m_no, p_replace_m_no, use_type, field_id) VALUES
   (13, 58, 0, 'F', 'F028'),
-  (13, 63, 61, 'F', 'F023'),
+  (13, 63, 59, 'F', 'F023'),
   (13, 67, 64, 'F', 'F020');
 INSERT INTO replace_m
   (replace_no, replace_m_no, p_replace_m_no, use_type, replace_cond_type, replace_cond_no) VALUES
   (13, 59, 58, 'C', '0', 17),
   (13, 60, 58, 'C', '1', null),
-  (13, 61, 58, 'C', '0', 18),
   (13, 64, 63, 'C', '0', 19),
   (13, 65, 63, 'C', '1', null),
   (13, 66, 63, 'C', '0', 20),
@@ -240,7 +238,7 @@ INSERT INTO replace_m
 INSERT INTO replace_m
   (replace_no, replace_m_no, p_replace_m_no, use_type, replace_title, replace_type,
    r_text_filename) VALUES
-  (13, 62, 59, 'R', '寒中見舞い', 'T', '文例/寒中見舞い.txt'),
+  (13, 62, 60, 'R', '寒中見舞い', 'T', '文例/寒中見舞い.txt'),
   (13, 70, 68, 'R', '永年のお礼', 'T', '文例/年賀_永年.txt'),
   (13, 71, 69, 'R', '特別のお礼', 'T', '文例/年賀_特別.txt'),
   (13, 72, 65, 'R', '標準', 'T', '文例/年賀_標準.txt'),
@@ -253,8 +251,7 @@ INSERT INTO replace_cond
   (replace_no, replace_cond_no, sno, use_type, d_f_val, d_f_method, d_t_val, d_t_method) VALUES
   (13, 21, 1, 'D', null, null, '2015/12/31', 1);
 INSERT INTO replace_cond (replace_no, replace_cond_no, sno, use_type, b_val) VALUES
-  (13, 17, 1, 'B', True),
-  (13, 18, 1, 'B', False);
+  (13, 17, 1, 'B', False);
 
 -- 年賀状の図柄（得意先）.
 INSERT INTO replace (replace_no, p_replace_no, kind, title, comment, replace_m_no) VALUES
@@ -589,13 +586,12 @@ INSERT INTO replace_m
   (36, 166, 162, 'C', '0', 49),
   (36, 167, 162, 'C', '0', 50),
   (36, 170, 169, 'C', '0', 51),
-  (36, 171, 169, 'C', '1', null),
-  (36, 172, 169, 'C', '0', 52);
+  (36, 171, 169, 'C', '1', null);
 INSERT INTO replace_m
   (replace_no, replace_m_no, p_replace_m_no, use_type, replace_title, replace_type, r_text) VALUES
   (36, 168, 163, 'R', '東京営業所', 'S', '東京営業所'),
   (36, 173, 170, 'R', '国際部', 'S', '国際部'),
-  (36, 174, 172, 'R', '本社お客様窓口', 'S', '本社お客様窓口'),
+  (36, 174, 171, 'R', '本社お客様窓口', 'S', '本社お客様窓口'),
   (36, 175, 165, 'R', '大阪営業所', 'S', '大阪営業所'),
   (36, 176, 166, 'R', '名古屋営業所', 'S', '名古屋営業所'),
   (36, 177, 167, 'R', '福岡営業所', 'S', '福岡営業所');
@@ -614,8 +610,7 @@ INSERT INTO replace_cond (replace_no, replace_cond_no, sno, use_type, s_val, s_m
   (36, 50, 1, 'S', '福岡県', 3),
   (36, 50, 2, 'S', '佐賀県', 3);
 INSERT INTO replace_cond (replace_no, replace_cond_no, sno, use_type, b_val) VALUES
-  (36, 51, 1, 'B', True),
-  (36, 52, 1, 'B', False);
+  (36, 51, 1, 'B', True);
 
 -- 営業所の地図.
 INSERT INTO replace (replace_no, p_replace_no, kind, title, comment, replace_m_no) VALUES
@@ -681,8 +676,7 @@ INSERT INTO replace_m
   (40, 198, 197, 'C', '0', 59),
   (40, 199, 197, 'C', '1', null),
   (40, 201, 200, 'C', '0', 60),
-  (40, 202, 200, 'C', '1', null),
-  (40, 203, 200, 'C', '0', 61);
+  (40, 202, 200, 'C', '1', null);
 INSERT INTO replace_m
   (replace_no, replace_m_no, p_replace_m_no, use_type, replace_title, replace_type,
    r_text_filename) VALUES
@@ -693,8 +687,7 @@ INSERT INTO replace_cond (replace_no, replace_cond_no, sno, use_type, s_val, s_m
   (40, 58, 2, 'S', '特別会員', 3),
   (40, 59, 1, 'S', '東京都', 3);
 INSERT INTO replace_cond (replace_no, replace_cond_no, sno, use_type, b_val) VALUES
-  (40, 60, 1, 'B', True),
-  (40, 61, 1, 'B', False);
+  (40, 60, 1, 'B', True);
 
 -- 展示会の案内動画.
 INSERT INTO replace (replace_no, p_replace_no, kind, title, comment, replace_m_no) VALUES
@@ -704,16 +697,14 @@ INSERT INTO replace_m (replace_no, replace_m_no, p_replace_m_no, use_type, field
 INSERT INTO replace_m
   (replace_no, replace_m_no, p_replace_m_no, use_type, replace_cond_type, replace_cond_no) VALUES
   (41, 207, 206, 'C', '0', 62),
-  (41, 208, 206, 'C', '1', null),
-  (41, 209, 206, 'C', '0', 63);
+  (41, 208, 206, 'C', '1', null);
 INSERT INTO replace_m
   (replace_no, replace_m_no, p_replace_m_no, use_type, replace_title, replace_type,
    r_mmedia_filename) VALUES
   (41, 210, 207, 'R', '紹介動画', 'M', '動画/展示会.mp4'),
-  (41, 211, 209, 'R', '音声だけの案内', 'M', '音/展示会.mp3');
+  (41, 211, 208, 'R', '音声だけの案内', 'M', '音/展示会.mp3');
 INSERT INTO replace_cond (replace_no, replace_cond_no, sno, use_type, b_val) VALUES
-  (41, 62, 1, 'B', True),
-  (41, 63, 1, 'B', False);
+  (41, 62, 1, 'B', True);
 
 -- 工場見学の案内.
 INSERT INTO replace (replace_no, p_replace_no, kind, title, comment, replace_m_no) VALUES
@@ -782,7 +773,7 @@ INSERT INTO replace_cond (replace_no, replace_cond_no, sno, use_type, s_val, s_m
 UPDATE replace_m SET r_field_id = ' ', r_text_filename = ' ', r_image_filename = ' ', r_mmedia_filename = ' '
   WHERE replace_no = 45 AND replace_m_no = 230;
 
--- 配信停止の案内: waits for its answer: the line holds no value yet.
+-- 配信停止の案内.
 INSERT INTO replace (replace_no, p_replace_no, kind, title, comment, replace_m_no) VALUES
   (46, 43, 'C', '配信停止の案内', ' ', 231);
 INSERT INTO replace_m (replace_no, replace_m_no, p_replace_m_no, use_type, field_id) VALUES
@@ -795,7 +786,7 @@ INSERT INTO replace_m
   (replace_no, replace_m_no, p_replace_m_no, use_type, replace_title, replace_type, r_text) VALUES
   (46, 234, 232, 'R', '停止の手順', 'S', 'このメールに「停止」とご返信ください。');
 INSERT INTO replace_cond (replace_no, replace_cond_no, sno, use_type, b_val) VALUES
-  (46, 68, 1, 'B', null);
+  (46, 68, 1, 'B', True);
 
 -- QRコード.
 INSERT INTO replace (replace_no, p_replace_no, kind, title, comment, replace_m_no) VALUES
@@ -819,12 +810,11 @@ INSERT INTO replace_m
   (48, 240, 239, 'C', '0', 70),
   (48, 241, 239, 'C', '1', null),
   (48, 243, 242, 'C', '0', 71),
-  (48, 244, 242, 'C', '1', null),
-  (48, 245, 242, 'C', '0', 72);
+  (48, 244, 242, 'C', '1', null);
 INSERT INTO replace_m
   (replace_no, replace_m_no, p_replace_m_no, use_type, replace_title, replace_type, r_text) VALUES
   (48, 246, 243, 'R', 'ご招待', 'S', 'お得意様だけの会にご招待いたします。'),
-  (48, 247, 245, 'R', 'ご案内', 'S', '会のご案内を同封いたします。');
+  (48, 247, 244, 'R', 'ご案内', 'S', '会のご案内を同封いたします。');
 INSERT INTO replace_cond
   (replace_no, replace_cond_no, sno, use_type, n_f_val, n_f_method, n_t_val, n_t_method) VALUES
   (48, 69, 1, 'N', 1000000, 1, null, null);
@@ -832,8 +822,7 @@ INSERT INTO replace_cond
   (replace_no, replace_cond_no, sno, use_type, d_f_val, d_f_method, d_t_val, d_t_method) VALUES
   (48, 70, 1, 'D', '2024/04/01', 1, '2025/03/31', 1);
 INSERT INTO replace_cond (replace_no, replace_cond_no, sno, use_type, b_val) VALUES
-  (48, 71, 1, 'B', True),
-  (48, 72, 1, 'B', False);
+  (48, 71, 1, 'B', True);
 
 -- ============================================================
 -- Folder 書きかけ

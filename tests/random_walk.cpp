@@ -15,10 +15,10 @@ namespace {
 // Long enough for deep trees, short enough that a failure is soon met again.
 constexpr int turns_of_a_walk = 1000;
 
-// The title of a field's value may be typed, and then names no field. The copy of a number line has
-// 0, uncounted, where the line has no bound.
+// The title of a field's value may be typed, and then names no field. A new value may be stored
+// without content.
 bool comes_of_use(const std::string& fault) {
-  return fault.ends_with("there is no field \"\"") || fault.ends_with("_method \"\"");
+  return fault.ends_with("there is no field \"\"") || fault.ends_with("a value without content");
 }
 
 std::vector<std::string> faults_of_users(const rule_store::store_rows& rows) {

@@ -1,6 +1,7 @@
 #include "tool/print_text.h"
 
 #include <array>
+#include <map>
 
 namespace rule_store {
 namespace {
@@ -20,8 +21,13 @@ std::string comparison(const char* end, const bound& with, const words& known) {
 }
 
 std::string range(const bound& from, const bound& to) {
-  return (from.value.is_null() ? "" : comparison("lower", from, from_words)) +
-         (to.value.is_null() ? "" : comparison("upper", to, to_words));
+  return (from.has_value() ? comparison("lower", from, from_words) : "") +
+         (to.has_value() ? comparison("upper", to, to_words) : "");
+}
+
+std::string field_name(const std::string& id, const store_rows& rows) {
+  const auto field = rows.fields.find(id);
+  return field == rows.fields.end() ? "unknown " + quoted(id) : quoted(field->second.name);
 }
 
 }  // namespace
@@ -41,12 +47,38 @@ std::string quoted(std::string_view text) {
   return result + '"';
 }
 
-std::string line_text(const line_row& line) {
+std::string title_text(const title_row& row) {
+  const std::string kind = row.kind == "F"   ? "folder "
+                           : row.kind == "C" ? "definition "
+                                             : "kind " + quoted(row.kind) + " ";
+  return kind + (row.title.is_null() ? "null" : quoted(row.title.text()));
+}
+
+std::string rule_text(const rule_row& row, const store_rows& rows) {
+  if (row.is_field()) return "field " + field_name(row.field_id, rows);
+  if (row.is_value()) return "value " + quoted(row.title);
+  if (row.use_type != "C") return "use_type " + quoted(row.use_type);
+  return row.is_otherwise() ? "otherwise" : "condition";
+}
+
+std::string content_text(const rule_row& row, const store_rows& rows) {
+  static const std::map<std::string, std::string> types = {
+      {"S", "text "}, {"T", "text file "}, {"I", "image file "}, {"M", "multimedia file "}};
+  if (row.replace_type == "F") return "field " + field_name(row.content, rows);
+  const auto type = types.find(row.replace_type);
+  return type == types.end() ? "replace_type " + quoted(row.replace_type)
+                             : type->second + quoted(row.content);
+}
+
+std::string line_text(const line_row& raw_line) {
+  const line_row line = raw_line.without_fillers();
   if (line.use_type == "S") return "text" + comparison("whole", line.text, text_words);
   if (line.use_type == "D") return "date" + range(line.date_from, line.date_to);
   if (line.use_type == "N") return "number" + range(line.number_from, line.number_to);
   if (line.use_type != "B") return "line of type " + quoted(line.use_type);
-  return line.answer.is_null() ? "unanswered" : line.answer.truth() ? "yes" : "no";
+  if (line.answer.is_null()) return "unanswered";
+  if (line.answer == ADODB::Value(true)) return "yes";
+  return line.answer == ADODB::Value(false) ? "no" : "answer " + quoted(line.answer.text());
 }
 
 }  // namespace rule_store

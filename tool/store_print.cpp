@@ -70,10 +70,7 @@ class printer {
 
   void print_title(const title_row& row, int level) {
     ++titles_;
-    const std::string kind = row.kind == "F"   ? "folder "
-                             : row.kind == "C" ? "definition "
-                                               : "kind " + quoted(row.kind) + " ";
-    print_line(level, kind + (row.title.is_null() ? "null" : quoted(row.title.text())), {row.no});
+    print_line(level, title_text(row), {row.no});
     // An empty remark is stored as a blank.
     if (!row.comment.empty() && row.comment != " ") {
       print_line(level + 1, "remark " + quoted(row.comment));
@@ -99,9 +96,9 @@ class printer {
 
   void print_rule(const rule_row& row, int level) {
     ++rules_;
-    print_line(level, heading(row), {row.no});
+    print_line(level, rule_text(row, rows_), {row.no});
     if (row.is_condition()) print_lines(row, level + 1);
-    if (row.use_type == "R") print_line(level + 1, content(row));
+    if (row.is_value()) print_line(level + 1, content_text(row, rows_));
   }
 
   void print_lines(const rule_row& row, int level) {
@@ -109,27 +106,6 @@ class printer {
       lines_.insert(&line);
       print_line(level, line_text(line), {line.condition, line.sno});
     }
-  }
-
-  std::string heading(const rule_row& row) const {
-    if (row.use_type == "F") return "field " + field_name(row.field_id);
-    if (row.use_type == "C") return row.is_otherwise() ? "otherwise" : "condition";
-    if (row.use_type == "R") return "value " + quoted(row.title);
-    return "use_type " + quoted(row.use_type);
-  }
-
-  std::string content(const rule_row& row) const {
-    static const std::map<std::string, std::string> types = {
-        {"S", "text "}, {"T", "text file "}, {"I", "image file "}, {"M", "multimedia file "}};
-    if (row.replace_type == "F") return "field " + field_name(row.content);
-    const auto type = types.find(row.replace_type);
-    return type == types.end() ? "replace_type " + quoted(row.replace_type)
-                               : type->second + quoted(row.content);
-  }
-
-  std::string field_name(const std::string& id) const {
-    const auto field = rows_.fields.find(id);
-    return field == rows_.fields.end() ? "unknown " + quoted(id) : quoted(field->second.name);
   }
 
   const store_rows& rows_;

@@ -4,7 +4,9 @@
 #include <tuple>
 #include <utility>
 
-#include "store/connection.h"
+#include "store/error.h"
+#include "store/text.h"
+#include "store/text_values.h"
 
 namespace rule_store {
 namespace {
@@ -18,7 +20,12 @@ class row_reader {
   std::string text() { return value().text(); }
   key number() {
     const ADODB::Value number = value();
-    return number.is_null() ? no_key : number.number();
+    if (number.is_null()) return no_key;
+    try {
+      return number.number();
+    } catch (const ADODB::Error&) {
+      return not_a_key;  // SQLite keeps any text in any column
+    }
   }
   key number_but_0() {
     const key found = number();
@@ -63,6 +70,13 @@ rule_row read_rule(row_reader row) {
   return rule;
 }
 
+ADODB::Value answer_in(const std::string& text) {
+  const std::string word = ADODB::lower(text);
+  if (word.empty()) return {};
+  if (word == "1" || word == "true") return ADODB::Value(true);
+  return word == "0" || word == "false" ? ADODB::Value(false) : ADODB::Value(text);
+}
+
 line_row read_line(row_reader row) {
   return {.definition = row.number(),
           .condition = row.number(),
@@ -73,7 +87,7 @@ line_row read_line(row_reader row) {
           .date_to = row.ends(),
           .number_from = row.ends(),
           .number_to = row.ends(),
-          .answer = row.value()};
+          .answer = answer_in(row.text())};
 }
 
 counter_row read_counters(row_reader row) {
@@ -101,7 +115,8 @@ std::map<std::string, field_row> read_fields(ADODB::Connection& connection) {
   return fields;
 }
 
-store_rows read_tables(ADODB::Connection& connection) {
+// As a boolean b_val would hide what else a file may hold there, so that it is read as a text.
+store_rows read_unsorted(ADODB::Connection& connection) {
   return {.titles = read_all(connection,
                              "select replace_no,p_replace_no,kind,title,comment,replace_m_no"
                              " from replace",
@@ -115,7 +130,7 @@ store_rows read_tables(ADODB::Connection& connection) {
           .lines = read_all(connection,
                             "select replace_no,replace_cond_no,sno,use_type,s_val,s_method,"
                             "d_f_val,d_f_method,d_t_val,d_t_method,n_f_val,n_f_method,n_t_val,"
-                            "n_t_method,b_val from replace_cond",
+                            "n_t_method,cast(b_val as text) from replace_cond",
                             read_line),
           .fields = read_fields(connection),
           .counters = read_all(connection, "select replace,replace_m,replace_cond from seqno",
@@ -165,14 +180,28 @@ std::span<const line_row> store_rows::lines_of(key definition, key condition) co
       [](const line_row& line) { return std::make_pair(line.definition, line.condition); });
 }
 
+line_row line_row::without_fillers() const {
+  line_row line = *this;
+  for (bound* end : {&line.number_from, &line.number_to})
+    if (!end->has_method() && ADODB::read_number(end->value.text()) == 0.0) *end = {};
+  if (use_type == "D") return line;
+  for (bound* end : {&line.date_from, &line.date_to})
+    if (!end->has_method() && end->value.text() == "1900/01/01") *end = {};
+  return line;
+}
+
+store_rows read_tables(ADODB::Connection& connection) {
+  store_rows rows = read_unsorted(connection);
+  sort(rows);
+  return rows;
+}
+
 store_rows read_store(const std::string& connect_string) {
   ADODB::Connection connection;
   connection.Open(connect_string);
-  // One transaction, so that the tables fit together while other programs write.
   connection.BeginTrans();
   store_rows rows = read_tables(connection);
   connection.RollbackTrans();
-  sort(rows);
   return rows;
 }
 

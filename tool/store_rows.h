@@ -1,17 +1,21 @@
 #pragma once
 
 #include <cstdint>
+#include <limits>
 #include <map>
 #include <span>
 #include <string>
 #include <vector>
 
+#include "store/connection.h"
 #include "store/value.h"
 
 namespace rule_store {
 
 using key = std::int64_t;
-inline constexpr key no_key = -1;  ///< a null in a column of keys; 0 is the root of a tree
+inline constexpr key highest_key = 32767;  ///< 1 is the lowest; 0 is the root of a tree
+inline constexpr key no_key = std::numeric_limits<key>::min();  ///< a null in a column of keys
+inline constexpr key not_a_key = no_key + 1;  ///< something there that is no whole number
 
 /// A row of replace: a folder or the head of a definition.
 struct title_row {
@@ -36,14 +40,20 @@ struct rule_row {
   std::string replace_type;
   std::string content;  ///< what the column of its replace_type holds; empty for another type
 
+  [[nodiscard]] bool is_field() const { return use_type == "F"; }
   [[nodiscard]] bool is_otherwise() const { return use_type == "C" && cond_type == "1"; }
   [[nodiscard]] bool is_condition() const { return use_type == "C" && cond_type != "1"; }
+  [[nodiscard]] bool is_value() const { return use_type == "R"; }
 };
 
-/// One end of a comparison: how it counts, and the value. Each is null where there is none.
+/// One end of a comparison: how it counts, and the value. Each is null or the empty text where
+/// there is none.
 struct bound {
   ADODB::Value value;
   ADODB::Value method;
+
+  [[nodiscard]] bool has_value() const { return !value.text().empty(); }
+  [[nodiscard]] bool has_method() const { return !method.text().empty(); }
 };
 
 /// A row of replace_cond.
@@ -55,7 +65,11 @@ struct line_row {
   bound text;
   bound date_from, date_to;
   bound number_from, number_to;
-  ADODB::Value answer;
+  ADODB::Value answer;  ///< null, true or false; of a line out of shape the text that stands there
+
+  /// The line without what a copied definition has in the columns that its source left empty: a
+  /// number 0 and, on all but date lines, the day 1900/01/01, both without a method.
+  [[nodiscard]] line_row without_fillers() const;
 };
 
 struct field_row {
@@ -86,5 +100,9 @@ struct store_rows {
 /// Reads the store that the connection string names, and writes nothing. Every failure is an
 /// ADODB::Error.
 [[nodiscard]] store_rows read_store(const std::string& connect_string);
+
+/// The same through an open connection, in whose transaction the tables fit together while other
+/// programs write.
+[[nodiscard]] store_rows read_tables(ADODB::Connection& connection);
 
 }  // namespace rule_store

@@ -1,5 +1,4 @@
-#include "tool/faults.h"
-
+#include "tool/row_report.h"
 
 namespace rule_store {
 namespace {
@@ -16,19 +15,20 @@ std::string loop_from(key start, const std::map<key, key>& parents) {
 
 }  // namespace
 
-void fault_list::add(std::string_view table, std::initializer_list<key> numbers,
-                     std::string_view fault) {
+void row_report::add(std::string_view table, std::initializer_list<key> numbers,
+                     std::string_view text) {
   std::string line(table);
   char separator = ' ';
   for (const key number : numbers) {
     line += separator + text_of(number);
     separator = '/';
   }
-  lines_.push_back(line.append(": ").append(fault));
+  lines_.push_back(line.append(": ").append(text));
 }
 
 std::string text_of(key number) {
-  return number == no_key ? "null" : std::to_string(number);
+  if (number == no_key) return "null";
+  return number == not_a_key ? "no number" : std::to_string(number);
 }
 
 std::map<key, std::string> loops_in(const std::map<key, key>& parents) {
