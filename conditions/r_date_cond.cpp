@@ -1,6 +1,7 @@
 #include "conditions/r_date_cond.h"
 
 #include "conditions/date_text.h"
+#include "conditions/full_width_input.h"
 #include "conditions/range_lines.h"
 #include "platform/messages.h"
 #include "store/text_values.h"
@@ -51,15 +52,14 @@ condition_lines r_date_cond::description() {
 
 // The edit ends in any case: a wrong form becomes today's date, a wrong day stays as it was typed.
 void r_date_cond::validate(VSFlexGrid& fg, int col) const {
-  const std::string typed = fg.EditText();
-  if ((col != from_value && col != to_value) || typed.empty()) return;
+  if ((col != from_value && col != to_value) || fg.EditText().empty()) return;
   const platform::system_date system = system_date();
-  if (!has_date_form(typed, system.separator)) {
-    const std::string today = write_date(system.today, system.separator);
-    platform::message("日付無効.(フォーマット:)" + today);
-    fg.EditText(today);
+  std::string date = plain_date(fg.EditText(), system.separator);
+  if (!has_date_form(date, system.separator)) {
+    date = write_date(system.today, system.separator);
+    platform::message("日付無効.(フォーマット:)" + date);
   }
-  if (!ADODB::read_date(fg.EditText())) platform::message("日付無効.範囲エラー！");
+  ADODB::read_date(date) ? fg.EditText(date) : platform::message("日付無効.範囲エラー！");
 }
 
 }  // namespace ta_vorlumine

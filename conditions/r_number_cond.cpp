@@ -1,5 +1,6 @@
 #include "conditions/r_number_cond.h"
 
+#include "conditions/full_width_input.h"
 #include "conditions/range_lines.h"
 #include "platform/messages.h"
 #include "store/text_values.h"
@@ -53,6 +54,9 @@ condition_lines description() {
   condition_lines lines = range_lines("N", statements);
   lines.adjust = empty_absent_bounds;
   lines.test = check_number_row;
+  lines.validate = [](VSFlexGrid& fg, int col, bool&) {
+    if (col == from_value || col == to_value) fg.EditText(plain_number(fg.EditText()));
+  };
   return lines;
 }
 

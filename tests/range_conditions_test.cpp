@@ -30,14 +30,14 @@ TEST_F(RangeConditions, DatesAreCheckedWhileTypedAndAsRanges) {
     fill_cell(1, 5, "2005-01-31");
     message("日付無効.(フォーマット:)2024/02/29");
     EXPECT_EQ(cell(1, 5), "2024/02/29");
-    fill_cell(1, 7, "2005/13/45");
+    fill_cell(1, 7, "２００５／１３／４５");
     message("日付無効.範囲エラー！");
-    EXPECT_EQ(cell(1, 7), "2005/13/45");
+    EXPECT_EQ(cell(1, 7), "２００５／１３／４５");
     fill_cell(1, 6, "1");
     fill_cell(1, 8, "2");
     ok();  // can't be compared: ends without a word
     in("r_date_cond");
-    fill_cell(1, 7, "2024/03/01");
+    fill_cell(1, 7, "２０２４／０３・０１");
     fill_cell(1, 6, "2");
     ok();
     message("第1行目：日付の指定が正しくありません");
@@ -62,27 +62,27 @@ TEST_F(RangeConditions, NumbersAreComparedAsNumbers) {
     fill_cell(1, 8, "2");
     ok();
     message("第1行目：数字の指定が正しくありません");
-    fill_cell(1, 5, "9");
-    fill_cell(1, 7, "1,000");
+    fill_cell(1, 5, "−９");
+    fill_cell(1, 7, "１，０");
     ok();  // no number: ends without a word
     in("r_number_cond");
-    fill_cell(1, 7, " 10 ");
+    fill_cell(1, 7, " ＋１０，０００．５ ");
     fill_cell(2, 5, "abc");
     fill_cell(2, 6, "1");
     ok();
     EXPECT_NE(read_message().find("n_f_val"), std::string::npos);
     EXPECT_TRUE(all_lines(31).empty());
-    fill_cell(2, 5, "0.1");
+    fill_cell(2, 5, "０．１");
     ok();
     message("設定完了！");
-    EXPECT_EQ(tree_lines()[2], "    9から（含まない）10まで（含まない）;0.1から");
-    click_node("9から（含まない）10まで（含まない）;0.1から");
+    EXPECT_EQ(tree_lines()[2], "    -9から（含まない）10000.5まで（含まない）;0.1から");
+    click_node("-9から（含まない）10000.5まで（含まない）;0.1から");
     press("cond_set");
-    EXPECT_EQ(grid_column(5), (rows{"9", "0.1", ""}));
+    EXPECT_EQ(grid_column(5), (rows{"-9", "0.1", ""}));
     EXPECT_EQ(grid_column(8), (rows{"まで（含まない）", "", ""}));
     press("Command2");
   });
-  EXPECT_EQ(all_lines(31), (rows{"8|1|N|null|null|null|null|2|9|2|10",
+  EXPECT_EQ(all_lines(31), (rows{"8|1|N|null|null|null|null|2|-9|2|10000.5",
                                  "8|2|N|null|null|null|null|1|0.1|null|null"}));
 }
 
