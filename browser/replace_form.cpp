@@ -27,6 +27,7 @@ replaceForm::replaceForm()
       Label1(window, "Label1", {}, nullptr, platform::Label::lines::two) {
   window.body = platform::column({Toolbar1, SSTree1, Label1});
   window.tab_order = {&SSTree1, &Toolbar1};
+  window.esc_closes = false;
   window.on_load = [this] { init_form(); };
   window.on_key_down = [this](int& code, int shift) {
     if (window.active_control() == SSTree1.name()) swallow_clipboard_keys(code, shift);

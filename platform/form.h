@@ -41,8 +41,11 @@ class Form {
 
   std::function<void()> on_load;
   std::function<void()> on_unload;
-  /// What the frame's close box and Esc do; without it they unload the form.
+  /// What the frame's close box does, and Esc; without it they unload the form.
   std::function<void()> on_close;
+  /// Off in windows for longer work: Esc also cancels what an input method has half composed, and
+  /// is easily pressed once too often.
+  bool esc_closes = true;
   /// Runs after a failure that an event let through has been shown: brings the view in step again.
   std::function<void()> on_failure;
   /// Sees each key before the control that has the focus. Setting the code to 0 swallows the key.

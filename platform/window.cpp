@@ -25,7 +25,7 @@ void window::close_form() {
 
 // Esc ends up here. The dialog's own way would end the modal loop past the form.
 void window::reject() {
-  close_form();
+  if (form_.esc_closes) close_form();
 }
 
 void window::closeEvent(QCloseEvent* event) {

@@ -188,6 +188,7 @@ TEST_F(Editor, AnUntouchedNewDefinitionGoesAwayAgain) {
     message(is_used);
     EXPECT_EQ(focused_control(), "Text1");
     type("Text1", "宛名");  // folders don't count
+    key(Qt::Key_Escape);
     press("exit");
     in("replaceForm");
     EXPECT_EQ(tree_lines()[7], "    宛名");

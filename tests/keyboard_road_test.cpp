@@ -106,6 +106,7 @@ TEST(KeyboardRoad, LeadsFromAnEmptyStoreToAFinishedDefinition) {
     EXPECT_EQ(tree_lines(), (rows{"条件設定", "  営業", "    敬称"}));
     EXPECT_EQ(focused_control(), "SSTree1");
     key(Qt::Key_Escape);
+    press("close");
   });
   EXPECT_EQ(store.rows("select p_replace_no,kind,title,comment from replace order by replace_no"),
             (rows{"0|F|営業|null", "1|C|敬称|会社による敬称"}));
