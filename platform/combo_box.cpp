@@ -1,7 +1,10 @@
 #include "platform/combo_box.h"
 
 #include <QComboBox>
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QInputMethodEvent>
+#include <QTransform>
 #include <QWheelEvent>
 #include <utility>
 
@@ -18,12 +21,10 @@ class drop_down : public QComboBox {
     // Some styles open a list as a menu, over the whole height of the screen and without scroll
     // bar.
     setStyleSheet("combobox-popup: 0");
-    setView(new choice_list);
+    setView(list_);
     setMaxVisibleItems(20);
     setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
     setMinimumContentsLength(20);
-    setAttribute(Qt::WA_InputMethodEnabled);
-    view()->setAttribute(Qt::WA_InputMethodEnabled);
     share_choice();
   }
 
@@ -39,9 +40,22 @@ class drop_down : public QComboBox {
   // A wheel that passes over the closed list is meant for the window; a choice has consequences.
   void wheelEvent(QWheelEvent* event) override { event->ignore(); }
 
+  // The toolkit sends the events of input methods here also while the list is open.
   void inputMethodEvent(QInputMethodEvent* event) override {
-    show_composition(*this, *event);
-    QComboBox::inputMethodEvent(event);
+    if (list_->isVisible()) return list_->inputMethodEvent(event);
+    composed_.show_composition(*event, rect());
+    is_space_bar(*event) ? showPopup() : QComboBox::inputMethodEvent(event);
+  }
+
+  // While the list is open the toolkit takes what is answered here for a place in the list's
+  // window, and yet tells the input method that it is one in this window.
+  [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override {
+    if (query != Qt::ImCursorRectangle || !list_->isVisible())
+      return composed_.answer(query, rect());
+    const QRect place = list_->inputMethodQuery(query).toRect();
+    const QPoint here = window()->mapFromGlobal(list_->mapToGlobal(place.topLeft()));
+    const QTransform taken = QGuiApplication::inputMethod()->inputItemTransform();
+    return QRect(taken.inverted().map(here), place.size());
   }
 
  private:
@@ -56,6 +70,8 @@ class drop_down : public QComboBox {
             });
   }
 
+  choice_list* const list_ = new choice_list;
+  composition_label composed_{*this, *this};
   int choice_at_opening_ = -1;
 };
 

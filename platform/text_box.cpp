@@ -1,11 +1,10 @@
 #include "platform/text_box.h"
 
-#include <QGuiApplication>
-#include <QInputMethod>
 #include <QLineEdit>
 #include <limits>
 #include <utility>
 
+#include "platform/composition.h"
 #include "platform/form.h"
 #include "platform/native.h"
 #include "platform/text_area.h"
@@ -33,8 +32,7 @@ void TextBox::changed() {
 }
 
 std::string TextBox::text() {
-  QWidget* widget = peer().widget;
-  if (widget->hasFocus()) QGuiApplication::inputMethod()->commit();
+  finish_composition();
   return from_toolkit(lines_ == lines::several ? as<text_area>(peer()).text()
                                                : as<QLineEdit>(peer()).text());
 }

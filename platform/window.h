@@ -2,6 +2,9 @@
 
 #include <QDialog>
 #include <QEvent>
+#include <memory>
+
+#include "platform/composition.h"
 
 namespace platform {
 
@@ -23,6 +26,7 @@ class window : public QDialog {
   void close_form();
 
   Form& form_;
+  std::shared_ptr<composition_watch> compositions_ = watch_compositions();
 };
 
 }  // namespace platform

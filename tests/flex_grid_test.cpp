@@ -5,7 +5,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
-#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTableView>
@@ -105,11 +104,6 @@ class flex_grid : public testing::Test {
   // Each key goes to where the keyboard is by then.
   static void type(const std::string& keys) {
     for (const char key : keys) QTest::keyClick(QApplication::focusWidget(), key);
-  }
-  static void compose(const QString& half, const QString& whole = {}) {
-    QInputMethodEvent event(half, {});
-    event.setCommitString(whole);
-    QCoreApplication::sendEvent(QApplication::focusWidget(), &event);
   }
   QPoint place(int row, int col) {
     return view().visualRect(view().model()->index(row - 1, col)).center();
@@ -277,28 +271,6 @@ TEST_F(flex_grid, counts_characters_and_cuts_what_is_too_much) {
   type("x");
   EXPECT_TRUE(fg.commit_edit());
   EXPECT_EQ(fg.TextMatrix(1, value), "stored long ago");
-}
-
-TEST_F(flex_grid, takes_input_methods_from_the_first_key) {
-  fg.Row(1);
-  compose("と");
-  compose("とう");
-  EXPECT_TRUE(view().hasFocus()) << "moving the keyboard would break the composition off";
-  compose("", "東");
-  EXPECT_TRUE(editor().hasFocus());
-  compose("きょう");
-  EXPECT_TRUE(fg.commit_edit());
-  EXPECT_EQ(fg.TextMatrix(1, value), "東きょう");
-
-  view().setFocus();
-  compose("あ");
-  compose("");
-  EXPECT_FALSE(in_edit());
-  EXPECT_EQ(fg.TextMatrix(1, value), "東きょう");
-  key(Qt::Key_Right);
-  EXPECT_FALSE(view().testAttribute(Qt::WA_InputMethodEnabled));
-  compose("", "３");
-  EXPECT_EQ(fg.TextMatrix(1, method), "3");
 }
 
 TEST_F(flex_grid, opens_drop_downs_with_one_click_and_texts_with_the_second) {

@@ -1,9 +1,5 @@
 #include "controls/grid/cell_editor.h"
 
-#include <QCoreApplication>
-#include <QGuiApplication>
-#include <QInputMethod>
-#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QRegularExpression>
 #include <QValidator>
@@ -46,16 +42,11 @@ class cell_editor::limited_text : public QValidator {
   }
 };
 
-class cell_editor::composed_line : public QLineEdit {
+class cell_editor::line_edit : public QLineEdit {
  public:
-  composed_line(cell_editor& editor, QWidget& parent) : QLineEdit(&parent), editor_(editor) {}
+  line_edit(cell_editor& editor, QWidget& parent) : QLineEdit(&parent), editor_(editor) {}
 
  protected:
-  void inputMethodEvent(QInputMethodEvent* event) override {
-    editor_.half_composed_ = from_toolkit(event->preeditString());
-    QLineEdit::inputMethodEvent(event);
-  }
-
   void keyPressEvent(QKeyEvent* event) override {
     if (!editor_.on_key(*event)) QLineEdit::keyPressEvent(event);
   }
@@ -64,7 +55,7 @@ class cell_editor::composed_line : public QLineEdit {
   cell_editor& editor_;
 };
 
-cell_editor::cell_editor(QWidget& parent) : line_(new composed_line(*this, parent)) {
+cell_editor::cell_editor(QWidget& parent) : line_(new line_edit(*this, parent)) {
   limited_ = new limited_text(line_);
   line_->setObjectName("cell_editor");
   line_->setFrame(false);
@@ -77,7 +68,6 @@ cell_editor::cell_editor(QWidget& parent) : line_(new composed_line(*this, paren
 void cell_editor::start(std::string_view text, int limit) {
   const std::size_t length = ADODB::character_count(text);
   limited_->limit = limit == 0 ? 0 : std::max(static_cast<std::size_t>(limit), length);
-  half_composed_.clear();
   set_text(text);
 }
 
@@ -87,16 +77,6 @@ std::string cell_editor::text() const {
 
 void cell_editor::set_text(std::string_view text) {
   line_->setText(to_toolkit(text));
-}
-
-// Some input methods throw away what they are asked to commit. The editor knows it still.
-void cell_editor::finish_composition() {
-  QGuiApplication::inputMethod()->commit();
-  if (half_composed_.empty()) return;
-  QInputMethodEvent rest;
-  rest.setCommitString(to_toolkit(half_composed_));
-  QCoreApplication::sendEvent(line_, &rest);
-  QGuiApplication::inputMethod()->reset();
 }
 
 }  // namespace ta_vorlumine

@@ -24,18 +24,15 @@ class cell_editor {
   void start(std::string_view text, int limit);
   [[nodiscard]] std::string text() const;
   void set_text(std::string_view text);
-  /// Takes what an input method has half composed into the text.
-  void finish_composition();
 
   [[nodiscard]] QLineEdit& line() const { return *line_; }
 
  private:
   class limited_text;
-  class composed_line;
+  class line_edit;
 
   limited_text* limited_;
   QLineEdit* line_;
-  std::string half_composed_;
 };
 
 }  // namespace ta_vorlumine

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/composition.h"
 #include "platform/native.h"
 
 namespace ta_vorlumine {
@@ -93,7 +94,7 @@ void grid_edit::choose(cell_place cell, const std::string& number) {
 bool grid_edit::take() {
   if (asking_) return false;
   if (!is_open()) return true;
-  if (typed()) editor_.finish_composition();
+  if (typed()) platform::finish_composition();
   asking_ = true;
   const bool refused = events_.refuses(cell_);
   asking_ = false;

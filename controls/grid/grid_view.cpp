@@ -63,6 +63,7 @@ class table_view : public QTableView, public grid_view {
   void focusInEvent(QFocusEvent* event) override;
   void inputMethodEvent(QInputMethodEvent* event) override;
   [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
+  void currentChanged(const QModelIndex& current, const QModelIndex& previous) override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
@@ -72,6 +73,7 @@ class table_view : public QTableView, public grid_view {
   void showEvent(QShowEvent* event) override;
 
  private:
+  [[nodiscard]] bool takes_compositions() const;
   bool leave_edit();
   bool key_on_cell(const QKeyEvent& key, cell_place cell);
   bool key_in_editor(QKeyEvent& key);
@@ -140,8 +142,8 @@ bool table_view::leave_edit() {
 
 void table_view::keyPressEvent(QKeyEvent* event) {
   if (edit_.is_open()) {
-    // The keyboard is still here after a composition that began on the cell. A key that comes up
-    // from the editor is none of the cell's.
+    // The focus is still here after a composition that began on the cell. Without it, the key has
+    // come up from the editor, which had no use for it.
     if (!hasFocus()) return event->ignore();
     edit_.editor().line().setFocus();
     QCoreApplication::sendEvent(&edit_.editor().line(), event);
@@ -209,37 +211,45 @@ void table_view::focusInEvent(QFocusEvent* event) {
   cursor_.find_cell();
 }
 
-// A composition that begins on a cell goes on in its editor. The keyboard follows only when it has
-// ended: moving it before would break the composition off.
+// A composition that begins on a cell is shown in the cell's editor, but the focus stays on the
+// grid: a change of the focus would end the composition at its first letter. keyPressEvent() moves
+// the focus to the editor, with the next key that the input method leaves to the window.
 void table_view::inputMethodEvent(QInputMethodEvent* event) {
   const bool composing = !event->preeditString().isEmpty();
   if (!edit_.is_open()) {
-    const cell_place cell = place_of(currentIndex());
-    const QString committed = event->commitString();
-    const bool starts = composing || !committed.isEmpty();
-    if (!starts || !edit_.enabled || cell.row == 0) return event->ignore();
-    if (cells_.drops_down(cell.column)) {
-      // Full-width digits pick an entry as well.
-      const QString typed = committed.normalized(QString::NormalizationForm_KC);
-      if (!typed.isEmpty()) edit_.replace(cell, from_toolkit(typed));
-      return;
-    }
-    edit_.begin_empty(cell);
+    if (!composing && event->commitString().isEmpty()) return event->ignore();
+    if (cells_.rows() == 1) cursor_.check_row();
+    if (!takes_compositions() || !currentIndex().isValid()) return event->ignore();
+    edit_.begin_empty(place_of(currentIndex()));
   }
   QLineEdit& line = edit_.editor().line();
-  QCoreApplication::sendEvent(&line, event);
-  if (composing) return;
-  if (!line.text().isEmpty()) return line.setFocus();
-  edit_.drop();  // given up: the cell keeps what it had
+  line.event(event);
+  const bool given_up = !composing && line.text().isEmpty();
+  if (given_up) edit_.drop();  // the cell keeps what it had
+  updateMicroFocus();
+}
+
+// Off where a list drops down: its entries are picked by digit, and an input method would turn the
+// digit into a composition. On where there are no rows yet: the first letter makes one.
+bool table_view::takes_compositions() const {
+  const QModelIndex cell = currentIndex();
+  return edit_.enabled && !(cell.isValid() && cells_.drops_down(cell.column()));
 }
 
 QVariant table_view::inputMethodQuery(Qt::InputMethodQuery query) const {
+  if (query == Qt::ImEnabled) return takes_compositions();
   const QLineEdit& line = edit_.editor().line();
   if (edit_.is_open() && query != Qt::ImCursorRectangle) return line.inputMethodQuery(query);
   if (query != Qt::ImCursorRectangle) return QTableView::inputMethodQuery(query);
   const QPoint corner = viewport()->pos();
   if (!edit_.is_open()) return visualRect(currentIndex()).translated(corner);
   return line.inputMethodQuery(query).toRectF().translated(corner + line.pos());
+}
+
+// The input method asks again whether it may compose here.
+void table_view::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+  QTableView::currentChanged(current, previous);
+  updateMicroFocus(Qt::ImQueryAll);
 }
 
 void table_view::mousePressEvent(QMouseEvent* event) {

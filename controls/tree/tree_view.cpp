@@ -2,7 +2,10 @@
 
 #include <QApplication>
 #include <QHeaderView>
+#include <QInputMethodEvent>
 #include <QMouseEvent>
+#include <algorithm>
+#include <vector>
 
 #include "platform/key_codes.h"
 
@@ -188,6 +191,41 @@ void SSTree::tree_view::keyPressEvent(QKeyEvent* event) {
     default:
       QTreeView::keyPressEvent(event);
   }
+}
+
+// Searches the nodes that the arrow keys reach: those whose folders are open.
+void SSTree::tree_view::keyboardSearch(const QString& typed) {
+  std::vector<QModelIndex> rows;
+  for (QModelIndex row = model.index(0, 0, {}); row.isValid(); row = indexBelow(row)) {
+    rows.push_back(row);
+  }
+  const auto here = std::find(rows.begin(), rows.end(), currentIndex());
+  const auto count = static_cast<int>(rows.size());
+  const auto current = here == rows.end() ? -1 : static_cast<int>(here - rows.begin());
+  const auto row_at = [&](int number) { return rows[static_cast<std::size_t>(number)]; };
+  const int found =
+      search_.find(typed, current, count, [&](int row) { return row_at(row).data().toString(); });
+  if (found >= 0) setCurrentIndex(row_at(found));
+}
+
+void SSTree::tree_view::inputMethodEvent(QInputMethodEvent* event) {
+  composed_.show_composition(*event, searched_from());
+  if (platform::is_space_bar(*event)) {
+    QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier);
+    keyPressEvent(&space);
+  } else if (!event->commitString().isEmpty()) {
+    keyboardSearch(event->commitString());
+  }
+}
+
+QVariant SSTree::tree_view::inputMethodQuery(Qt::InputMethodQuery query) const {
+  return composed_.answer(query, searched_from());
+}
+
+/// The current node if it is in sight, else the top.
+QRect SSTree::tree_view::searched_from() const {
+  const QRect current = visualRect(currentIndex());
+  return viewport()->rect().intersects(current) ? current : visualRect(indexAt(QPoint(1, 1)));
 }
 
 void SSTree::tree_view::selectionChanged(const QItemSelection& on, const QItemSelection& off) {

@@ -6,6 +6,8 @@
 
 #include "controls/tree/ss_tree.h"
 #include "controls/tree/tree_model.h"
+#include "platform/composition_label.h"
+#include "platform/typed_search.h"
 
 namespace ta_vorlumine {
 
@@ -29,7 +31,11 @@ class SSTree::tree_view : public QTreeView {
 
   tree_model model;
 
+  void keyboardSearch(const QString& typed) override;
+
  protected:
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  [[nodiscard]] QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
   void mousePressEvent(QMouseEvent* event) override;
   void mouseMoveEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -50,6 +56,7 @@ class SSTree::tree_view : public QTreeView {
   void raise_click(const tree_node* node);
   void raise_open(const tree_node* node);
   void raise_drag_over(QPoint place);
+  [[nodiscard]] QRect searched_from() const;
 
   SSTree& tree_;
   bool quiet_ = false;  // selections are not raised: the press that makes them raises its own click
@@ -57,6 +64,8 @@ class SSTree::tree_view : public QTreeView {
   bool press_pending_ = false;  // a button is down and the pointer has not yet left its place
   bool dropped_ = false;
   QPoint drag_place_;
+  platform::typed_search search_;
+  platform::composition_label composed_{*this, *viewport()};
   std::string current_key_;  // while drawing is off
   std::string top_key_;      // of what will be on top when drawn
 };

@@ -1,0 +1,49 @@
+#include "platform/typed_search.h"
+
+#include <algorithm>
+
+namespace platform {
+namespace {
+
+constexpr int pause = 1500;  // milliseconds after which typing starts anew
+
+/// The same for two texts that differ only in the width, case or kana of their letters.
+QString folded(const QString& text) {
+  QString plain = text.normalized(QString::NormalizationForm_KC).toCaseFolded();
+  for (QChar& letter : plain) {
+    const bool hiragana = letter >= QChar(0x3041) && letter <= QChar(0x3096);
+    if (hiragana) letter = QChar(letter.unicode() + 0x60);
+  }
+  return plain;
+}
+
+}  // namespace
+
+// Typing on stays at an entry as long as it fits; the same letter once more goes to the next one.
+int typed_search::find(const QString& typed, int current, int count,
+                       const std::function<QString(int)>& text_of) {
+  const bool goes_on = since_last_.isValid() && since_last_.elapsed() < pause;
+  const bool again = goes_on && typed_ == folded(typed);
+  since_last_.start();
+  typed_ = goes_on ? typed_ + folded(typed) : folded(typed);
+  if (typed_.isEmpty()) return -1;
+  const auto first = [&](int start, bool anywhere) {
+    for (int step = 0; step < count; ++step) {
+      const int entry = (start + step) % count;
+      const QString text = folded(text_of(entry));
+      if (anywhere ? text.contains(typed_) : text.startsWith(typed_)) return entry;
+    }
+    return -1;
+  };
+  const int here = std::max(0, current);
+  const int start = goes_on ? here : current + 1;
+  int found = first(start, false);
+  if (found < 0) found = first(start, true);
+  if (found < 0 && again) {
+    typed_ = folded(typed);
+    found = first(here + 1, false);
+  }
+  return found;
+}
+
+}  // namespace platform
