@@ -11,7 +11,7 @@ void Connection::Open(std::string_view connection_string) {
 
 void Connection::Close() {
   open_engine_or_fail();
-  // An engine that goes away takes back what was not committed.
+  // The engine closes its database, which rolls back an open transaction.
   engine_.reset();
   in_transaction_ = false;
 }

@@ -29,13 +29,13 @@ class entry_reader {
   explicit entry_reader(std::string_view text) : rest_(text) { skip_empty_entries(); }
 
   [[nodiscard]] bool at_end() const { return rest_.empty(); }
-  [[nodiscard]] std::string place() const { return "entry " + std::to_string(number_); }
+  [[nodiscard]] std::string entry_number() const { return "entry " + std::to_string(number_); }
 
   std::pair<std::string, std::string> next() {
     ++number_;
     const std::size_t end_of_key = rest_.find_first_of("=;");
     if (end_of_key == std::string_view::npos || rest_[end_of_key] == ';')
-      refuse(place() + " is not of the form Key=value");
+      refuse(entry_number() + " is not of the form Key=value");
     std::string key = lower(trimmed(rest_.substr(0, end_of_key)));
     rest_.remove_prefix(end_of_key + 1);
     std::string value = trimmed(rest_).starts_with('{') ? braced_value() : plain_value();
@@ -60,14 +60,14 @@ class entry_reader {
     std::string value;
     while (true) {
       const std::size_t brace = rest_.find('}');
-      if (brace == std::string_view::npos) refuse(place() + " has no closing brace");
+      if (brace == std::string_view::npos) refuse(entry_number() + " has no closing brace");
       value += rest_.substr(0, brace);
       rest_.remove_prefix(brace + 1);
       if (!rest_.starts_with('}')) break;
       value += '}';
       rest_.remove_prefix(1);
     }
-    if (!plain_value().empty()) refuse(place() + " goes on behind its closing brace");
+    if (!plain_value().empty()) refuse(entry_number() + " goes on behind its closing brace");
     return value;
   }
 
@@ -79,12 +79,12 @@ class entry_reader {
 
 connection_settings read_connection_string(std::string_view text) {
   std::map<std::string, std::string> values;
-  std::map<std::string, std::string> places;
+  std::map<std::string, std::string> named_in;
   for (entry_reader entries(text); !entries.at_end();) {
     auto [key, value] = entries.next();
     if (!values.try_emplace(key, std::move(value)).second)
-      refuse(entries.place() + " repeats a key");
-    places[key] = entries.place();
+      refuse(entries.entry_number() + " repeats a key");
+    named_in[key] = entries.entry_number();
   }
   if (values.empty()) refuse("it is empty");
   const auto driver = values.extract("driver");
@@ -93,10 +93,10 @@ connection_settings read_connection_string(std::string_view text) {
 
   const auto known = keys_of_drivers().find(settings.driver);
   if (known == keys_of_drivers().end())
-    refuse(places["driver"] + " names an unknown driver; known are SQLite and PostgreSQL");
+    refuse(named_in["driver"] + " names an unknown driver; known are SQLite and PostgreSQL");
   for (const auto& [key, value] : settings.values)
     if (std::ranges::find(known->second, key) == known->second.end())
-      refuse(places[key] + " has a key that this driver does not know");
+      refuse(named_in[key] + " has a key that this driver does not know");
   if (settings.values["database"].empty()) refuse("it names no Database");
   return settings;
 }

@@ -9,12 +9,12 @@
 
 namespace ADODB {
 
-/// What a transaction is begun for. One that looks holds nobody up before it writes, but may then
-/// find itself stale. One that writes waits for other writers at its beginning, where the engine
-/// locks a store as a whole.
+/// What a transaction is begun for. A looking one locks nothing before its first write, which is
+/// refused as stale if another program has written meanwhile. A writing one waits for other writers
+/// at its beginning, on an engine that locks the whole store for one writer.
 enum class purpose { looking, writing };
 
-/// What a database must give to stand behind a Connection. Every failure is an Error.
+/// What a Connection needs of a database. Used by one thread at a time. Every failure is an Error.
 class engine {
  public:
   engine() = default;
@@ -25,7 +25,7 @@ class engine {
   /// Runs a statement of the program. Its words are prepared at their first use and kept.
   [[nodiscard]] virtual result execute(const statement& statement) = 0;
 
-  /// Runs the one statement that a bare text holds; one with a second behind it is refused unrun.
+  /// Runs the one statement that the text holds. A text of several is refused before any is run.
   [[nodiscard]] virtual result execute(std::string_view text) = 0;
 
   virtual void begin(purpose purpose) = 0;

@@ -13,7 +13,7 @@ namespace {
 constexpr std::string_view tables_have_changed = "0A000";
 constexpr std::string_view name_is_unknown = "26000";
 
-/// With either state the server has run nothing.
+/// Whether the answer is the failure `state`. After the two above nothing has been run.
 bool has_state(const PGresult* answer, std::string_view state) {
   const char* const field = PQresultErrorField(answer, PG_DIAG_SQLSTATE);
   return field && field == state;
@@ -64,8 +64,8 @@ result postgresql_engine::execute(std::string_view text) {
 }
 
 void postgresql_engine::begin(purpose) {
-  // What a dialog has read stays as it was: writing where another program has written meanwhile is
-  // refused as stale instead of going over it.
+  // All reads of the transaction show the store as of its first statement, and writing to a row
+  // that another program has changed since is refused as stale, instead of overwriting the change.
   usable_session().run("BEGIN ISOLATION LEVEL REPEATABLE READ");
   in_transaction_ = true;
 }
@@ -93,7 +93,7 @@ postgresql_session& postgresql_engine::usable_session() {
   if (session_->is_lost())
     throw Error(failure_kind::lost_connection,
                 "the connection to the server was lost, and the transaction with it");
-  // The server would take a COMMIT and quietly roll back.
+  // To a COMMIT the server would answer with a rollback, and with no error.
   if (in_transaction_ && !session_->has_transaction())
     throw Error(failure_kind::other, "the transaction was taken back after a failure");
   return *session_;
@@ -108,14 +108,14 @@ postgresql_answer postgresql_engine::answer_to(const words& text,
   if (changed) ++generation_;
   if (changed || has_state(answer.get(), name_is_unknown)) {
     prepared_.erase(name);
-    // Inside a transaction the refusal has ended it, and nothing more can run.
+    // Inside a transaction this failure has aborted the transaction: a second try would fail too.
     if (!in_transaction_) answer = session.execute(prepared(text, values), values);
   }
   session.check(answer.get());
   return answer;
 }
 
-/// The statement's name on the server, which knows it from here on.
+/// Prepares the statement at its first use in the session, and gives its name on the server.
 std::string postgresql_engine::prepared(const words& text, const std::vector<bound_value>& values) {
   std::string name = name_of(text, values, generation_);
   if (prepared_.contains(name)) return name;

@@ -24,7 +24,7 @@ class postgresql_engine : public engine {
   void begin(purpose purpose) override;
   void commit() override;
 
-  /// Never fails on a lost connection: the server then takes everything back by itself.
+  /// Doesn't fail on a lost connection: the server then rolls back by itself.
   void rollback() override;
 
  private:
@@ -35,8 +35,9 @@ class postgresql_engine : public engine {
 
   connection_settings settings_;
   std::unique_ptr<postgresql_session> session_;
-  std::unordered_set<std::string> prepared_;  ///< the names of the session's prepared statements
-  std::uint64_t generation_ = 0;  ///< of the prepared statements: a changed table ends one
+  std::unordered_set<std::string> prepared_;  ///< names of the session's prepared statements
+  /// Part of the names: counted up when a changed table makes prepared statements useless.
+  std::uint64_t generation_ = 0;
   bool in_transaction_ = false;
 };
 

@@ -15,13 +15,14 @@ namespace {
 
 using std::chrono::steady_clock;
 
-// Locks are waited for five seconds, and no statement of the system works as long as this: a server
-// that is silent for longer is stuck, which the network doesn't notice.
-constexpr std::chrono::seconds patience(30);
+// A wait for a lock ends after 5 seconds (lock_timeout below), and no statement of the program
+// computes for long: a server that says nothing for 30 seconds hangs, or can't be reached any more.
+constexpr std::chrono::seconds answer_timeout(30);
 
-// The system reads lists without asking for an order, and relies on the order of the index by which
-// they are found. The planner is therefore kept from ways that give the rows in another one; what
-// it can't help doing so looks so dear to it that it would be compiled for milliseconds.
+// Several selects have no ORDER BY, and their rows are shown in the order of the index that finds
+// them. Sequential scans, bitmap scans and parallel workers give another order, so the planner is
+// kept from them. Where it has no other way it takes one of them at a penalty cost, and that cost
+// would trigger JIT compilation, which takes milliseconds: hence jit=off.
 constexpr auto session_settings =
     "SET lock_timeout='5s'; SET standard_conforming_strings=on; SET enable_seqscan=off;"
     "SET enable_bitmapscan=off; SET max_parallel_workers_per_gather=0; SET jit=off";
@@ -41,7 +42,7 @@ constexpr std::array<option, 6> given_options = {{{"host", "server"},
                                                   {"user", "uid"},
                                                   {"password", "pwd"},
                                                   {"sslmode", "sslmode"}}};
-// A server that can only be read is refused, as is a file that can only be read.
+// target_session_attrs: a server that can only be read is refused, as such a file is.
 constexpr std::array<std::pair<const char*, const char*>, 8> fixed_options = {
     {{"client_encoding", "UTF8"},
      {"application_name", "ta_vorlumine"},
@@ -67,7 +68,7 @@ PGconn* connect(const connection_settings& settings) {
   }
   keywords.push_back(nullptr);
   values.push_back(nullptr);
-  // The name of the database is never read as a connection string of its own.
+  // The 0 keeps libpq from reading a database name with a "=" in it as a connection string.
   return PQconnectdbParams(keywords.data(), values.data(), 0);
 }
 
@@ -87,7 +88,7 @@ bool is_copy(const PGresult* answer) {
 }
 
 bool tells_loss(std::string_view state) {
-  constexpr std::string_view protocol_violation = "08P01";  // of one statement, not of the session
+  constexpr std::string_view protocol_violation = "08P01";  // ends a statement, not the session
   return state.starts_with("57P") || (state.starts_with("08") && state != protocol_violation);
 }
 
@@ -174,7 +175,8 @@ PGconn* postgresql_session::handle_or_fail() const {
   return handle_.get();
 }
 
-/// The whole answer to what was just sent: its first failure or else its last rows.
+/// Waits for the whole answer to what was just sent, and gives its first failure or else its last
+/// rows.
 postgresql_answer postgresql_session::answer_to(int sent) {
   if (sent != 1) lose(without_line_end(PQerrorMessage(handle_.get())));
   postgresql_answer whole;
@@ -189,10 +191,10 @@ postgresql_answer postgresql_session::answer_to(int sent) {
   return whole;
 }
 
-/// Sends what waits to be sent until the next part of the answer is there, or the reason why none
-/// will come.
+/// Sends what libpq has not sent yet, and waits until PQgetResult can be called without blocking:
+/// it then gives the next part of the answer, or the failure of the connection.
 void postgresql_session::wait() {
-  const auto deadline = steady_clock::now() + patience;
+  const auto deadline = steady_clock::now() + answer_timeout;
   while (true) {
     const int unsent = PQflush(handle_.get());
     if (unsent < 0 || (unsent == 0 && !PQisBusy(handle_.get()))) return;

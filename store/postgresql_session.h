@@ -14,11 +14,11 @@ namespace ADODB {
 struct answer_deleter {
   void operator()(PGresult* answer) const { PQclear(answer); }
 };
-/// What the server said to one request: rows, or a failure that check() raises.
+/// The answer of the server to one request: rows, or a failure that check() raises.
 using postgresql_answer = std::unique_ptr<PGresult, answer_deleter>;
 
 /// One session on a PostgreSQL server. Used by one thread at a time. Every failure is an Error; one
-/// of the kind lost_connection ends the session for good, and no call waits for ever.
+/// of the kind lost_connection ends the session for good. A call waits 30 seconds at most.
 class postgresql_session {
  public:
   /// Connects to the existing, writable database that the settings name.

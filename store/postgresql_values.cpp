@@ -11,7 +11,7 @@
 namespace ADODB {
 namespace {
 
-// The numbers that PostgreSQL gives its types are the same on every server.
+// Type numbers of PostgreSQL, the same on every server.
 constexpr Oid decided_by_server = 0;
 constexpr Oid boolean_type = 16;
 constexpr Oid int8_type = 20;

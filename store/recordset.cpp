@@ -11,7 +11,7 @@ namespace ADODB {
 
 Field Fields::Item(std::string_view name) const {
   const auto& columns = *rows_->columns;
-  // Most callers write a name just as the table does.
+  // The names mostly agree in case too, and comparing them as they are is faster.
   auto found = std::ranges::find(columns, name);
   if (found == columns.end()) {
     found = std::ranges::find_if(

@@ -11,8 +11,8 @@
 
 namespace ADODB {
 
-/// The cells of a result, row after row, each added at the end. All texts (UTF-8) stand in one
-/// piece of memory, so that a full store's rows are read without a piece for each.
+/// The cells of a result, row after row. All texts (UTF-8) share one string, so that reading many
+/// rows takes no allocation for each of them.
 class result_cells {
  public:
   void add_null() { cells_.emplace_back(); }
@@ -27,11 +27,11 @@ class result_cells {
   [[nodiscard]] Value at(std::size_t position) const;  ///< below size()
 
  private:
-  /// Where a text begins, and in the lower half its size. Two numbers of 32 bits would travel
-  /// through a vector register at each cell, which takes longer than to copy the text.
-  enum class text_place : std::uint64_t {};
+  /// Of a text in texts_: where it begins in the upper 32 bits, its size in the lower. One number,
+  /// because the compiler copies a pair of them through a vector register, which is slower.
+  enum class text_range : std::uint64_t {};
 
-  std::vector<std::variant<std::monostate, std::int64_t, double, bool, text_place>> cells_;
+  std::vector<std::variant<std::monostate, std::int64_t, double, bool, text_range>> cells_;
   std::string texts_;
 };
 

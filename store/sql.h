@@ -38,14 +38,11 @@ concept number_type = std::integral<Type> && !std::same_as<Type, bool> &&
 /// What a caller gives for one place of a statement.
 class argument {
  public:
-  argument(std::string_view text)
-      : content_(std::string(text)) {}                   // NOLINT(google-explicit-constructor)
-  argument(const std::string& text) : content_(text) {}  // NOLINT(google-explicit-constructor)
-  argument(const char* text)
-      : content_(std::string(text)) {}         // NOLINT(google-explicit-constructor)
-  argument(bool answer) : content_(answer) {}  // NOLINT(google-explicit-constructor)
-  argument(number_type auto number) : content_(std::int64_t{number}) {}  // NOLINT
-  argument(const Value& value);  // NOLINT(google-explicit-constructor)
+  template <std::convertible_to<std::string_view> Text>
+  argument(const Text& text) : content_(std::string(std::string_view(text))) {}
+  argument(std::same_as<bool> auto answer) : content_(answer) {}
+  argument(number_type auto number) : content_(std::int64_t{number}) {}
+  argument(const Value& value);
 
   /// For a place in quotes, which takes everything as its text form.
   [[nodiscard]] parameter quoted() const;

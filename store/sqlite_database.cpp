@@ -7,7 +7,7 @@
 namespace ADODB {
 namespace {
 
-constexpr int patience_ms = 5000;
+constexpr int busy_timeout_ms = 5000;
 
 bool is_busy(int code) {
   const int primary_code = code & 0xff;
@@ -31,8 +31,8 @@ failure_kind kind_of(int code) {
   throw Error(kind_of(code), sqlite3_errstr(code));
 }
 
-/// The name to open. An absolute one can't be taken for one of the names that SQLite gives a
-/// meaning of its own, such as ":memory:".
+/// The absolute name of the file, which must exist. SQLite gives relative names such as ":memory:"
+/// a meaning of its own.
 std::string existing_file(const std::string& path) {
   std::error_code failure;
   const std::filesystem::path file = std::filesystem::absolute(path, failure);
@@ -60,11 +60,11 @@ void sqlite_database::open(const std::string& path) {
   handle_.reset(handle);
   if (code != SQLITE_OK) refuse(code);
   check(sqlite3_extended_result_codes(handle, 1));
-  check(sqlite3_busy_timeout(handle, patience_ms));
-  // SQLite falls back to reading where it may not write.
+  check(sqlite3_busy_timeout(handle, busy_timeout_ms));
+  // SQLite opens a file that it may not write for reading, without an error.
   if (sqlite3_db_readonly(handle, "main") == 1) refuse(SQLITE_READONLY);
   run("PRAGMA synchronous=FULL");
-  // The file is first read here: only now it turns out whether it is a database.
+  // Opening reads nothing of the file: this statement does, and fails if it is no database.
   run("select count(*) from sqlite_schema");
 }
 
@@ -78,7 +78,7 @@ sqlite_statement sqlite_database::prepare(std::string_view text) {
 
   const char* const end = text.data() + text.size();
   while (rest != end) {
-    // Blanks, comments and lone semicolons prepare to nothing.
+    // Blanks, comments and lone semicolons give no second statement.
     const int code =
         sqlite3_prepare_v3(handle_.get(), rest, static_cast<int>(end - rest), 0, &statement, &rest);
     const sqlite_statement second(statement);
@@ -111,8 +111,8 @@ bool sqlite_database::has_transaction() const {
 
 void sqlite_database::check(int code) const {
   if (code == SQLITE_OK) return;
-  // A transaction that has read can't wait for another program that writes: what it has read will
-  // be out of date. SQLite refuses at once, and a new transaction may wait.
+  // To a transaction that has read before it writes SQLite says "busy" without waiting: the other
+  // program's commit will make outdated what was read, so that only a new transaction can help.
   const bool has_read = sqlite3_txn_state(handle_.get(), "main") == SQLITE_TXN_READ;
   const failure_kind kind = is_busy(code) && has_read ? failure_kind::stale : kind_of(code);
   throw Error(kind, sqlite3_errmsg(handle_.get()));

@@ -16,14 +16,15 @@ using sqlite_statement = std::unique_ptr<sqlite3_stmt, statement_deleter>;
 /// An open SQLite file. Used by one thread at a time. Every failure is an Error.
 class sqlite_database {
  public:
-  /// Opens the existing, writable file at `path` (UTF-8) and never makes one. Full sync, and five
-  /// seconds of patience with other programs. The text of a failure begins with the path.
+  /// Opens the existing, writable file at `path` (UTF-8) and never makes one. A commit returns when
+  /// the disk has it; a lock of another program is waited for up to 5 seconds. The text of a
+  /// failure begins with the path.
   explicit sqlite_database(const std::string& path);
 
   /// Prepares the one statement that the text holds.
   [[nodiscard]] sqlite_statement prepare(std::string_view text);
 
-  /// Goes on with a prepared statement: true while it gives a row.
+  /// Runs a prepared statement up to its next row: false if there is none.
   bool step(sqlite3_stmt* statement);
 
   /// Runs all statements of a text and drops their rows.

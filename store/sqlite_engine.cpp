@@ -15,8 +15,8 @@ void use_wal_mode(sqlite_database& database) {
     throw Error(failure_kind::other, "the file system can't hold a store in WAL mode");
 }
 
-/// Whatever happens to a kept statement, it ends ready for its next use: a statement left in its
-/// rows would hold the store's lock.
+/// Resets a prepared statement when its use ends, by a failure too: a statement that stopped
+/// between two rows would keep the store locked.
 class use_of {
  public:
   explicit use_of(sqlite3_stmt* statement) : statement_(statement) {}
@@ -43,18 +43,18 @@ struct binder {
     double nearest = 0;
     const char* const end = number.digits.data() + number.digits.size();
     if (std::from_chars(number.digits.data(), end, nearest).ec != std::errc())
-      return (*this)(number.digits);  // too large; the column's type decides what becomes of it
+      return (*this)(number.digits);  // out of range: left to the type of the column
     return sqlite3_bind_double(statement, position, nearest);
   }
   int operator()(bool answer) const { return (*this)(std::int64_t{answer}); }
-  // The text outlives the use of the statement, so that SQLite needs no copy.
+  // SQLITE_STATIC: the text lives until the statement is reset, so SQLite makes no copy.
   int operator()(const std::string& text) const {
     return sqlite3_bind_text64(statement, position, text.data(), text.size(), SQLITE_STATIC,
                                SQLITE_UTF8);
   }
 };
 
-// A connection has one thread, so that its values may be looked at without the engine's locks.
+// The value is one that SQLite doesn't guard against other threads; a connection has one only.
 void add_cell(result_cells& cells, sqlite3_value* value, bool is_boolean) {
   switch (sqlite3_value_type(value)) {
     case SQLITE_NULL:
@@ -96,7 +96,7 @@ int preparations_of(sqlite3_stmt* statement) {
 
 sqlite_engine::sqlite_engine(const std::string& path) : database_(path) {
   try {
-    // To SQLite a file of no length is a database, but it is the remains of something else.
+    // SQLite takes an empty file for an empty database, but it is what is left of some other file.
     if (database_.first_cell("PRAGMA page_count") == "0")
       throw Error(failure_kind::other, sqlite3_errstr(SQLITE_NOTADB));
     const bool is_store =
@@ -147,7 +147,8 @@ sqlite_engine::prepared_statement& sqlite_engine::kept_statement_of(const words&
 }
 
 result sqlite_engine::run(prepared_statement& statement, const std::vector<parameter>& parameters) {
-  // Going on would write for good what was meant to be taken back as a whole.
+  // Some failures make SQLite roll back by itself. Each later statement would then be committed at
+  // once, although the caller means to roll all of them back together.
   if (in_transaction_ && !database_.has_transaction())
     throw Error(failure_kind::other, "the transaction was taken back after a failure");
   const use_of use(statement.handle.get());
@@ -166,7 +167,7 @@ void sqlite_engine::bind(sqlite3_stmt* statement, const std::vector<parameter>& 
 result sqlite_engine::rows_of(prepared_statement& statement) {
   sqlite3_stmt* const handle = statement.handle.get();
   bool has_row = database_.step(handle);
-  // A changed table is noticed by the first step, which then prepares the statement anew.
+  // If a table has changed since, the first step prepares the statement anew, with other columns.
   if (const int preparations = preparations_of(handle); preparations != statement.preparations) {
     statement.preparations = preparations;
     statement.columns = names_of(handle);
@@ -175,7 +176,7 @@ result sqlite_engine::rows_of(prepared_statement& statement) {
   result rows{statement.columns, {}};
   const std::size_t columns = rows.columns->size();
   for (; has_row; has_row = database_.step(handle)) {
-    // Most results have a row or two: growing cell by cell would cost more than reading them.
+    // Most results have a row or two: space for a whole row at once, and then for twice as many.
     if (rows.cells.capacity() < rows.cells.size() + columns)
       rows.cells.reserve(2 * (rows.cells.size() + columns));
     for (std::size_t column = 0; column < columns; ++column)

@@ -11,8 +11,8 @@
 
 namespace ADODB {
 
-/// SQLite behind a connection. A store, which is what has a table seqno, is put into WAL mode for
-/// good, so that other programs read it at any time; any other database is opened as it is.
+/// SQLite behind a connection. A store, known by its table seqno, is switched to WAL mode for good,
+/// so that other programs can read it while one writes; any other database is opened as it is.
 class sqlite_engine : public engine {
  public:
   /// Opens the existing file at `path` (UTF-8).
@@ -42,7 +42,7 @@ class sqlite_engine : public engine {
   [[nodiscard]] result rows_of(prepared_statement& statement);
 
   sqlite_database database_;
-  /// One for each text in the program that was run so far, so that there is an end to them.
+  /// As many as there are different words in the program, at most.
   std::unordered_map<words, prepared_statement, words_hash> statements_;
   bool in_transaction_ = false;
 };

@@ -21,7 +21,7 @@ std::optional<double> read_number(std::string_view text) {
   text = trimmed(text);
   if (text.empty() || text.starts_with("+-")) return {};
   if (text.front() == '+') text.remove_prefix(1);
-  // The words that stand for infinity and for no number are numbers to the conversion alone.
+  // from_chars reads "inf" and "nan" too.
   const bool plain = std::ranges::all_of(text, [](char c) {
     return is_digit(c) || c == '.' || c == '-' || c == '+' || c == 'e' || c == 'E';
   });

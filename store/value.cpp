@@ -10,7 +10,7 @@ namespace ADODB {
 namespace {
 
 std::string digits_of(double number) {
-  // The longest fixed form has the 1074 places behind the point of the smallest real.
+  // The smallest real has the longest fixed form: 1074 digits behind the point.
   std::array<char, 1100> digits;
   const auto end =
       std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);

@@ -45,19 +45,25 @@ class place_finder {
     return position < text_.size() && is_digit(text_[position]);
   }
 
-  /// Behind the place whose mark begins here; here itself if none does.
+  /// Behind the name or token that begins here; here itself if none does.
   [[nodiscard]] constexpr std::size_t end_of_mark() const {
-    const std::size_t behind = at_ + 1;
-    if (text_[at_] == '<' && behind < text_.size() && is_letter(text_[behind])) {
-      const std::size_t end = text_.find('>', behind);
-      if (end == std::string_view::npos) throw std::logic_error("a place without its end");
-      return end + 1;
-    }
-    if (text_[at_] != '%' || !has_digit(behind)) return at_;
-    const std::size_t end = has_digit(behind + 1) ? behind + 2 : behind + 1;
+    const std::string_view rest = text_.substr(at_);
+    if (rest.size() > 1 && rest[0] == '<' && is_letter(rest[1])) return end_of_name();
+    if (rest[0] == '%' && has_digit(at_ + 1)) return end_of_token();
+    return at_;
+  }
+
+  [[nodiscard]] constexpr std::size_t end_of_name() const {
+    const std::size_t end = text_.find('>', at_);
+    if (end == std::string_view::npos) throw std::logic_error("a place without its end");
+    return end + 1;
+  }
+
+  [[nodiscard]] constexpr std::size_t end_of_token() const {
+    std::size_t end = at_ + 1;
     std::size_t number = 0;
-    for (const char digit : text_.substr(behind, end - behind))
-      number = number * 10 + static_cast<std::size_t>(digit - '0');
+    for (; has_digit(end) && end < at_ + 3; ++end)
+      number = number * 10 + static_cast<std::size_t>(text_[end] - '0');
     if (number != found_ + 1) throw std::logic_error("a token that doesn't count its place");
     return end;
   }
@@ -85,14 +91,13 @@ class place_finder {
 /// How an engine writes the parameters of a statement: "?", or "$1", "$2" and so on.
 enum class parameter_form { question_mark, numbered };
 
-/// The words of a statement, with places for its values. They are made of a literal of the program,
-/// while it is compiled: nothing that a user types can get in among them, a misplaced place is an
-/// error of the compiler, and running a statement reads nothing of them again.
+/// The words of a statement, with places for its values. The compiler makes them of a literal: what
+/// a user types can't get in among them, a misplaced place is an error of compilation, and no
+/// statement that runs is searched for places again.
 class words {
  public:
   template <std::size_t size>
-  consteval words(const char (&text)[size])  // NOLINT(google-explicit-constructor)
-      : text_(text, size - 1) {
+  consteval words(const char (&text)[size]) : text_(text, size - 1) {
     place_finder places(text_);
     while (const auto found = places.next()) {
       if (places_ == most_places) throw std::logic_error("too many places");
@@ -110,7 +115,7 @@ class words {
   }
   /// The text with a parameter for each place.
   [[nodiscard]] std::string with_parameters(parameter_form form) const;
-  /// Of the text.
+  /// Of the text, made while the program is compiled.
   [[nodiscard]] const ADODB::fingerprint& fingerprint() const { return fingerprint_; }
 
   friend bool operator==(const words& one, const words& other) { return one.text_ == other.text_; }
