@@ -14,16 +14,14 @@ struct lag {
   std::string definition;  ///< whose rule rows the command adds to
 };
 
-const std::vector<lag> lags = {
-    {"new folder", "replace=29", "1"},
-    {"new definition", "replace=31", "1"},
-    {"copy", "replace=31,replace_m=12,replace_cond=0", "34"},
-    {"new field", "replace_m=12", "1"},
-    {"new value", "replace_m=12", "1"},
-    {"new condition", "replace_m=12,replace_cond=0", "1"},
-    {"first date condition", "replace_m=29,replace_cond=0", "30"},
-    {"first yes/no condition", "replace_m=31,replace_cond=0", "32"},
-};
+const std::vector<lag> lags = {{"new folder", "replace=29", "1"},
+                               {"new definition", "replace=31", "1"},
+                               {"copy", "replace=31,replace_m=12,replace_cond=0", "34"},
+                               {"new field", "replace_m=12", "1"},
+                               {"new value", "replace_m=12", "1"},
+                               {"new condition", "replace_m=12,replace_cond=0", "1"},
+                               {"first date condition", "replace_m=29,replace_cond=0", "30"},
+                               {"first yes/no condition", "replace_m=31,replace_cond=0", "32"}};
 
 }  // namespace
 

@@ -23,13 +23,12 @@ class Editor : public common_rules {
     rule(15, 14, "'C',null,'0',2,null,null");
     rule(16, 14, "'C',null,'1',null,null,null");
     rule(17, 15, "'R',null,null,null,'誕生','S'");
-    store.run_all({
-        "update replace_m set r_text='%11\n''😀%01' where replace_no=7 and replace_m_no=13",
-        "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_method,s_val) "
-        "values(7,1,1,'S',1,'東'),(7,1,3,'S',3,'西%05'),(7,1,4,'S',9,'消える')",
-        "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,d_t_method,d_t_val) "
-        "values(7,2,1,'D',2,'2005/01/31')",
-    });
+    store.run_all(
+        {"update replace_m set r_text='%11\n''😀%01' where replace_no=7 and replace_m_no=13",
+         "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_method,s_val) "
+         "values(7,1,1,'S',1,'東'),(7,1,3,'S',3,'西%05'),(7,1,4,'S',9,'消える')",
+         "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,d_t_method,d_t_val) "
+         "values(7,2,1,'D',2,'2005/01/31')"});
   }
 
   void rule(int key, int parent, const std::string& columns) {
@@ -119,18 +118,17 @@ TEST_F(Editor, ShowsRowsThatOtherProgramsWrote) {
   rule(42, 40, "'C',null,'0',4,null,null");
   rule(43, 99, "'R',null,null,null,'親なし','S'");
   rule(44, 40, "'C',null,'0',3,null,null");
-  store.run_all({
-      "delete from replace_m where replace_m_no=13",
-      "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_method,s_val) "
-      "values(7,4,1,'S',1,'前'),(7,4,3,'S',2,'後')",
-      "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,b_val) "
-      "values(7,4,2,'B',False)",
-      "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,n_f_val,n_f_method,"
-      "n_t_val,n_t_method) values(7,3,1,'N',0.1,1,12345678901,2),(7,3,2,'N',5,7,null,null)",
-      "insert into replace_cond(replace_no,replace_cond_no,sno,use_type) values(7,3,3,'Q')",
-      "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,b_val) "
-      "values(7,3,4,'B',null)",
-  });
+  store.run_all(
+      {"delete from replace_m where replace_m_no=13",
+       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_method,s_val) "
+       "values(7,4,1,'S',1,'前'),(7,4,3,'S',2,'後')",
+       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,b_val) "
+       "values(7,4,2,'B',False)",
+       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,n_f_val,n_f_method,"
+       "n_t_val,n_t_method) values(7,3,1,'N',0.1,1,12345678901,2),(7,3,2,'N',5,7,null,null)",
+       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type) values(7,3,3,'Q')",
+       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,b_val) "
+       "values(7,3,4,'B',null)"});
   browse(store, [] {
     click_node("詳細");
     press("update");

@@ -29,15 +29,13 @@ std::set<std::string> exported_symbols() {
 }
 
 TEST(SharedLibrary, ExportsThePublicSymbolsOnly) {
-  const std::set<std::string> expected = {
-      "ta_vorlumine::replaceClass::replace_show()",
-      "ta_vorlumine_create",
-      "ta_vorlumine_set_connect_string",
-      "ta_vorlumine_get_connect_string",
-      "ta_vorlumine_show",
-      "ta_vorlumine_last_failure",
-      "ta_vorlumine_destroy",
-  };
+  const std::set<std::string> expected = {"ta_vorlumine::replaceClass::replace_show()",
+                                          "ta_vorlumine_create",
+                                          "ta_vorlumine_set_connect_string",
+                                          "ta_vorlumine_get_connect_string",
+                                          "ta_vorlumine_show",
+                                          "ta_vorlumine_last_failure",
+                                          "ta_vorlumine_destroy"};
   EXPECT_EQ(exported_symbols(), expected);
 }
 

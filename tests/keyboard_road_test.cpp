@@ -30,7 +30,7 @@ bool a_button_is_down() {
 /// up again.
 void command(int number) {
   act([=] {
-    key(Qt::Key_0 + number, "alt");
+    key(Qt::Key_0 + number, Qt::AltModifier);
     ASSERT_TRUE(a_button_is_down()) << "button " << number << " is off";
     ASSERT_TRUE(QTest::qWaitFor([] { return !a_button_is_down(); }));
   });
@@ -89,7 +89,7 @@ TEST(KeyboardRoad, LeadsFromAnEmptyStoreToAFinishedDefinition) {
     compose("山田商店");
     key(Qt::Key_Tab);
     key(Qt::Key_2);  // the entry of that number
-    key(Qt::Key_Tab, "ctrl");
+    key(Qt::Key_Tab, Qt::ControlModifier);
     press_with_space("Command1");
     message("設定完了！");
     EXPECT_EQ(focused_control(), "SSTree1");

@@ -13,34 +13,21 @@ namespace {
 
 /// What a user may read when nothing but users is at fault. Any other text is a defect.
 constexpr std::array known_texts = {
-    "この場所への移動はできません",
-    "アドレス項目を選択してください。",
-    "タイトルが文字列長すぎます",
-    "タイトルを入力してください。",
-    "フィールドを選択してください。",
-    "フォルダが必須です。",
-    "入力に誤りがあります。",
-    "日付無効.",
-    "条件あるときは以外条件が削除出来ません",
-    "条件名が文字列長すぎます",
+    "この場所への移動はできません", "アドレス項目を選択してください。",
+    "タイトルが文字列長すぎます", "タイトルを入力してください。", "フィールドを選択してください。",
+    "フォルダが必須です。", "入力に誤りがあります。", "日付無効.",
+    "条件あるときは以外条件が削除出来ません", "条件名が文字列長すぎます",
     "第",  // the row of a range whose ends are the wrong way round
-    "置換値が必須です。",
-    "設定完了！",
-    "選択してください!",
-    "項目「",
-    "項目名に「'」が含まれているため",
-    "削除してもよろしいですか",
-    "アドレス帳と同じ名称は設定できません。",
-    "そのタイトルはすでに使用されています。",
+    "置換値が必須です。", "設定完了！", "選択してください!", "項目「",
+    "項目名に「'」が含まれているため", "削除してもよろしいですか",
+    "アドレス帳と同じ名称は設定できません。", "そのタイトルはすでに使用されています。",
     "CHECK constraint failed: d_",  // a day that no calendar has is told, and stays as typed
     "CHECK constraint failed: n_",
     "invalid input syntax for type numeric: ",
     // Another user on the same store was quicker.
-    "database is locked",
-    "対象の行は他のプログラムによって削除されています。",
+    "database is locked", "対象の行は他のプログラムによって削除されています。",
     "この位置には項目または置換値がすでに設定されています。",
-    "選択した項目はアドレス帳から削除されています。",
-};
+    "選択した項目はアドレス帳から削除されています。"};
 
 }  // namespace
 

@@ -106,7 +106,7 @@ void random_user::press_any_key() {
                                         Qt::Key_Up,     Qt::Key_Down,   Qt::Key_Left, Qt::Key_Right,
                                         Qt::Key_Delete, Qt::Key_F2,     Qt::Key_X,    Qt::Key_F10,
                                         Qt::Key_Home,   Qt::Key_End};
-  key(any_of(keys), below(4) == 0 ? "ctrl" : "");
+  key(any_of(keys), below(4) == 0 ? Qt::ControlModifier : Qt::NoModifier);
 }
 
 void random_user::close_by_frame(QWidget& top) {

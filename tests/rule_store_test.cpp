@@ -82,25 +82,19 @@ TEST(Schema, RefusesWhatNoProgramMayStore) {
   harness::test_store store;
   const std::string line = "insert into replace_cond(replace_no,replace_cond_no,sno,";
   const std::string long_text(101, 'x');
-  for (const std::string& statement : {
-           std::string("insert into replace(replace_no) values(0)"),
-           std::string("insert into replace(replace_no) values(32768)"),
-           std::string("insert into replace(replace_no,p_replace_no) values(1,-1)"),
-           "insert into replace(replace_no,title) values(1,'" + long_text + "')",
-           std::string("insert into replace_m(replace_no,replace_m_no) values(1,32768)"),
-           std::string("insert into replace_m(replace_no,replace_m_no) values(0,1)"),
-           std::string("insert into replace_m(replace_no) values(1)"),
-           line + "s_val) values(1,1,1,'" + long_text + "')",
-           line + "s_val) values(1,1,0,'a')",
-           line + "n_f_val) values(1,1,1,'abc')",
-           line + "n_t_val) values(1,1,1,'')",
-           line + "d_f_val) values(1,1,1,'2005/02/31')",
-           line + "d_f_val) values(1,1,1,'2005/2/3')",
-           line + "d_t_val) values(1,1,1,'2005/02-03')",
-           line + "d_t_val) values(1,1,1,'2005-13-01')",
-           line + "d_t_val) values(1,1,1,'2005102103')",
-           line + "b_val) values(1,1,1,2)",
-       })
+  for (const std::string& statement :
+       {std::string("insert into replace(replace_no) values(0)"),
+        std::string("insert into replace(replace_no) values(32768)"),
+        std::string("insert into replace(replace_no,p_replace_no) values(1,-1)"),
+        "insert into replace(replace_no,title) values(1,'" + long_text + "')",
+        std::string("insert into replace_m(replace_no,replace_m_no) values(1,32768)"),
+        std::string("insert into replace_m(replace_no,replace_m_no) values(0,1)"),
+        std::string("insert into replace_m(replace_no) values(1)"),
+        line + "s_val) values(1,1,1,'" + long_text + "')", line + "s_val) values(1,1,0,'a')",
+        line + "n_f_val) values(1,1,1,'abc')", line + "n_t_val) values(1,1,1,'')",
+        line + "d_f_val) values(1,1,1,'2005/02/31')", line + "d_f_val) values(1,1,1,'2005/2/3')",
+        line + "d_t_val) values(1,1,1,'2005/02-03')", line + "d_t_val) values(1,1,1,'2005-13-01')",
+        line + "d_t_val) values(1,1,1,'2005102103')", line + "b_val) values(1,1,1,2)"})
     EXPECT_EQ(failure_of([&] { store.run(statement); }).kind(), failure_kind::other) << statement;
   store.run_all({line + "d_f_val,d_t_val) values(1,1,1,'2004/02/29','2004.02.29')",
                  line + "s_method,use_type) values(1,1,2,'9','?')",
@@ -113,16 +107,14 @@ TEST(Schema, RefusesWhatNoProgramMayStore) {
 TEST(Schema, NeedsNoScanOfATableForTheSystemsLookUps) {
   harness::test_store store;
   const std::string explain = harness::on_server() ? "explain " : "explain query plan ";
-  for (const char* look_up : {
-           "SELECT * FROM REPLACE WHERE P_REPLACE_NO = 1 ORDER BY REPLACE_NO",
-           "select title from replace where title = 'a' and kind='C'",
-           "select count(*) from replace_m where p_replace_m_no=1",
-           "select * from replace_m where replace_no=1 and p_replace_m_no=1",
-           "select max(sno) from replace_cond where replace_cond_no=1",
-           "SELECT * FROM REPLACE_COND WHERE REPLACE_COND_NO = 1",
-           "delete from replace_cond where replace_no=1",
-           "select field_id,attr from field where field_name='a'",
-       })
+  for (const char* look_up : {"SELECT * FROM REPLACE WHERE P_REPLACE_NO = 1 ORDER BY REPLACE_NO",
+                              "select title from replace where title = 'a' and kind='C'",
+                              "select count(*) from replace_m where p_replace_m_no=1",
+                              "select * from replace_m where replace_no=1 and p_replace_m_no=1",
+                              "select max(sno) from replace_cond where replace_cond_no=1",
+                              "SELECT * FROM REPLACE_COND WHERE REPLACE_COND_NO = 1",
+                              "delete from replace_cond where replace_no=1",
+                              "select field_id,attr from field where field_name='a'"})
     for (const std::string& step : store.rows(explain + look_up))
       for (const char* detour : {"SCAN", "TEMP B-TREE", "Seq Scan", "Sort"})
         EXPECT_EQ(step.find(detour), std::string::npos) << step;

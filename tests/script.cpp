@@ -1,10 +1,14 @@
 #include "script.h"
 
-#include <exception>
 #include <utility>
 
 #ifdef __SANITIZE_ADDRESS__
 #include <sanitizer/common_interface_defs.h>
+constexpr auto leave_stack = __sanitizer_start_switch_fiber;
+constexpr auto enter_stack = __sanitizer_finish_switch_fiber;
+#else
+constexpr auto leave_stack = [](void**, const void*, std::size_t) {};
+constexpr auto enter_stack = [](void*, const void**, std::size_t*) {};
 #endif
 
 namespace harness {
@@ -15,39 +19,30 @@ script* begun = nullptr;  // a new stack begins in a function without arguments
 
 }  // namespace
 
-script::script(std::function<void()> body) : body_(std::move(body)), stack_(new char[stack_size]) {
+script::script(std::function<void()> body) : body_(std::move(body)), memory_(new char[stack_size]) {
   getcontext(&own_.context);
-  own_.context.uc_stack.ss_sp = stack_.get();
-  own_.context.uc_stack.ss_size = own_.size = stack_size;
-  own_.bottom = stack_.get();
+  own_.stack = own_.context.uc_stack.ss_sp = memory_.get();
+  own_.size = own_.context.uc_stack.ss_size = stack_size;
   makecontext(&own_.context, begin, 0);
 }
 
 void script::begin() {
-  begun->run();
-}
-
-void script::run() {
-#ifdef __SANITIZE_ADDRESS__
-  __sanitizer_finish_switch_fiber(nullptr, &caller_.bottom, &caller_.size);
-#endif
+  script& self = *begun;
+  enter_stack(nullptr, &self.caller_.stack, &self.caller_.size);
   try {
-    body_();
+    self.body_();
   } catch (...) {
-    failure_ = std::current_exception();
+    self.failure_ = std::current_exception();
   }
-  has_ended_ = true;
-  change(own_, caller_);
+  self.has_ended_ = true;
+  self.pause();
 }
 
 void script::change(side& from, side& to) {
-#ifdef __SANITIZE_ADDRESS__
-  __sanitizer_start_switch_fiber(&from.fake_stack, to.bottom, to.size);
-#endif
+  void* fake_stack = nullptr;
+  leave_stack(&fake_stack, to.stack, to.size);
   swapcontext(&from.context, &to.context);
-#ifdef __SANITIZE_ADDRESS__
-  __sanitizer_finish_switch_fiber(from.fake_stack, &to.bottom, &to.size);
-#endif
+  enter_stack(fake_stack, &to.stack, &to.size);
 }
 
 void script::go_on() {
@@ -56,10 +51,6 @@ void script::go_on() {
   change(caller_, own_);
   is_running_ = false;
   if (failure_) std::rethrow_exception(std::exchange(failure_, nullptr));
-}
-
-void script::pause() {
-  change(own_, caller_);
 }
 
 }  // namespace harness

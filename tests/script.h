@@ -2,6 +2,7 @@
 
 #include <ucontext.h>
 
+#include <exception>
 #include <functional>
 #include <memory>
 
@@ -13,32 +14,25 @@ namespace harness {
 class script {
  public:
   explicit script(std::function<void()> body);
-  script(const script&) = delete;
-  script& operator=(const script&) = delete;
-
   /// Runs the body up to its next pause or to its end. What it throws comes out here.
   void go_on();
   /// For the body itself: stops it until go_on() is called again.
-  void pause();
+  void pause() { change(own_, caller_); }
   [[nodiscard]] bool is_running() const { return is_running_; }
   [[nodiscard]] bool has_ended() const { return has_ended_; }
 
  private:
-  /// One of the two sides, with what the address sanitizer wants to know of its stack.
   struct side {
-    ucontext_t context;
-    void* fake_stack;
-    const void* bottom;
-    std::size_t size;
+    ucontext_t context{};
+    const void* stack = nullptr;
+    std::size_t size = 0;
   };
   static void begin();
-  void run();
   static void change(side& from, side& to);
 
   std::function<void()> body_;
-  std::unique_ptr<char[]> stack_;
-  side caller_{};
-  side own_{};
+  std::unique_ptr<char[]> memory_;
+  side caller_, own_;
   std::exception_ptr failure_;
   bool is_running_ = false;
   bool has_ended_ = false;

@@ -1,8 +1,7 @@
-#include "swept_commands.h"
-
 #include <QTableView>
 #include <QTest>
 
+#include "fault_trial.h"
 #include "user.h"
 
 namespace harness {
@@ -122,8 +121,7 @@ std::vector<swept_command> swept_commands() {
       in_editor("delete branch", none("replace_m", "replace_no=1 and replace_m_no=11"), "敬称",
                 at(condition, "del_set")),
       in_editor("delete value", none("replace_m", "replace_no=1 and replace_m_no=13"), "敬称",
-                at("不明", "del_set")),
-  };
+                at("不明", "del_set"))};
 }
 
 }  // namespace harness

@@ -44,7 +44,7 @@ void type(const std::string& text_box, const std::string& text);
 void choose(const std::string& combo, const std::string& item);
 /// Commits a text to where the keyboard is, as an input method does, and leaves another unfinished.
 void compose(const std::string& text, const std::string& unfinished = {});
-void key(int toolkit_key, const std::string& modifiers = {});
+void key(int toolkit_key, Qt::KeyboardModifiers held = {});
 /// Clicks the node with this text; a path "営業/宛名" where one text is not enough.
 void click_node(const std::string& path);
 void click_node(const QModelIndex& node);

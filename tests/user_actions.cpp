@@ -19,8 +19,9 @@
 namespace harness {
 namespace {
 
-void note(const std::string& action) {
-  if (auto* player = window_player::playing()) player->note(action);
+void perform(const std::string& what, const std::function<void()>& action) {
+  if (auto* player = window_player::playing()) player->note(what);
+  act(action);
 }
 
 template <class Widget = QWidget>
@@ -76,13 +77,11 @@ QWidget& focus() {
 }  // namespace
 
 void press(const std::string& button) {
-  note("presses " + button);
-  act([=] { usable<QAbstractButton>(button).click(); });
+  perform("presses " + button, [=] { usable<QAbstractButton>(button).click(); });
 }
 
 void type(const std::string& text_box, const std::string& text) {
-  note("types \"" + text + "\" into " + text_box);
-  act([=] {
+  perform("types \"" + text + "\" into " + text_box, [=] {
     auto& box = usable<QWidget>(text_box);
     box.setFocus();
     QTest::keyClick(&box, Qt::Key_A, Qt::ControlModifier);
@@ -92,8 +91,7 @@ void type(const std::string& text_box, const std::string& text) {
 }
 
 void choose(const std::string& combo, const std::string& item) {
-  note("chooses " + item);
-  act([=] {
+  perform("chooses " + item, [=] {
     auto& box = find<QComboBox>(combo);
     const int index = box.findText(QString::fromStdString(item));
     if (index < 0) throw std::runtime_error("no entry " + item);
@@ -109,13 +107,9 @@ void compose(const std::string& text, const std::string& unfinished) {
   });
 }
 
-void key(int toolkit_key, const std::string& modifiers) {
-  Qt::KeyboardModifiers held;
-  if (modifiers.find("ctrl") != std::string::npos) held |= Qt::ControlModifier;
-  if (modifiers.find("shift") != std::string::npos) held |= Qt::ShiftModifier;
-  if (modifiers.find("alt") != std::string::npos) held |= Qt::AltModifier;
-  note("presses key " + std::to_string(toolkit_key) + " " + modifiers);
-  act([=] { QTest::keyClick(&focus(), static_cast<Qt::Key>(toolkit_key), held); });
+void key(int toolkit_key, Qt::KeyboardModifiers held) {
+  perform("presses key " + std::to_string(toolkit_key),
+          [=] { QTest::keyClick(&focus(), static_cast<Qt::Key>(toolkit_key), held); });
 }
 
 void click_node(const std::string& path) {
@@ -123,20 +117,19 @@ void click_node(const std::string& path) {
 }
 
 void click_node(const QModelIndex& node) {
-  note("clicks " + text_of(node));
-  act([=] { QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, place_of(node)); });
+  perform("clicks " + text_of(node),
+          [=] { QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, place_of(node)); });
 }
 
 void double_click_node(const QModelIndex& node) {
-  note("opens " + text_of(node));
-  act([=] { QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, place_of(node)); });
+  perform("opens " + text_of(node),
+          [=] { QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, place_of(node)); });
 }
 
 // Without a display the toolkit's drag is over as soon as it starts: the way and the drop are told
 // to the tree's own events.
 void drag_node(const QModelIndex& source, const QModelIndex& target) {
-  note("drags " + text_of(source) + " onto " + text_of(target));
-  act([=] {
+  perform("drags " + text_of(source) + " onto " + text_of(target), [=] {
     QWidget& area = *tree().viewport();
     tree().scrollTo(target);
     const QPoint from = place_of(source);
@@ -160,13 +153,13 @@ void drag_node(const std::string& source, const std::string& target) {
 }
 
 void begin_cell(int row, int column, const std::string& text) {
-  note("fills cell " + std::to_string(row) + "," + std::to_string(column) + " with " + text);
-  act([=] {
-    const bool is_list = column % 2 == 0;
-    grid().setFocus();
-    grid().setCurrentIndex(cell(row, column));
-    is_list ? QTest::keyClicks(&focus(), QString::fromStdString(text)) : compose(text);
-  });
+  perform("fills cell " + std::to_string(row) + "," + std::to_string(column) + " with " + text,
+          [=] {
+            const bool is_list = column % 2 == 0;
+            grid().setFocus();
+            grid().setCurrentIndex(cell(row, column));
+            is_list ? QTest::keyClicks(&focus(), QString::fromStdString(text)) : compose(text);
+          });
 }
 
 void fill_cell(int row, int column, const std::string& text) {

@@ -10,44 +10,44 @@ import tempfile
 
 from desktop import Program, write
 
-DEFINITION = """select f.title, d.title, d.comment from replace d
-                join replace f on f.replace_no = d.p_replace_no where d.kind = 'C'"""
-RULES = """select r.use_type, r.field_id, r.replace_cond_type, r.replace_title, r.r_text, p.use_type,
-           p.replace_cond_type from replace_m r left join replace_m p
-           on p.replace_no = r.replace_no and p.replace_m_no = r.p_replace_m_no
-           order by r.replace_m_no"""
-LINES = "select use_type, s_val, s_method from replace_cond"
+WRITTEN = {
+    "select f.title, d.title, d.comment from replace d join replace f on f.replace_no=d.p_replace_no":
+        [("営業", "敬称", "会社による敬称")],
+    "select use_type, s_val, s_method from replace_cond": [("S", "山田商店", 2)],
+    "select p_replace_m_no, use_type, coalesce(field_id, replace_cond_type, replace_title), r_text"
+    " from replace_m order by replace_m_no":
+        [(0, "F", "F2", None), (1, "C", "0", None), (1, "C", "1", None),
+         (2, "R", "得意先", "御中"), (3, "R", "その他", "様")],
+}
 
 
-def make_folder(program):
+def make_folder_and_definition(program):
     browser = program.window("置換タイトル一覧")
     browser.select("table cell", "条件設定")
     browser.press("作成", "フォルダの作成")
     folder = program.window("置換フォルダの作成")
     folder.write("フォルダ名", "営業")
     folder.press("OK")
-
-
-def begin_definition(program):
     browser = program.window("置換タイトル一覧")
     browser.select("table cell", "営業")
     browser.press("追加", "置換定義の追加")
 
 
-def set_field(program):
+def open_dialog(program, node, button, title):
     editor = program.window("置換の設定")
-    editor.select("table cell", "置換条件")
-    editor.press("ﾃﾞｰﾀﾍﾞｰｽの項目設定")
-    field = program.window("ﾃﾞｰﾀﾍﾞｰｽ項目の設定")
+    editor.select("table cell", node)
+    editor.press(button)
+    return program.window(title)
+
+
+def set_field(program):
+    field = open_dialog(program, "置換条件", "ﾃﾞｰﾀﾍﾞｰｽの項目設定", "ﾃﾞｰﾀﾍﾞｰｽ項目の設定")
     field.select("list item", "会社名")
     field.press("OK")
 
 
 def set_condition(program):
-    editor = program.window("置換の設定")
-    editor.select("table cell", "会社名")
-    editor.press("置換条件の設定")
-    condition = program.window("置換条件の設定")
+    condition = open_dialog(program, "会社名", "置換条件の設定", "置換条件の設定")
     condition.find("label", "会社名")
     # In a grid, a screen reader leaves the cells to the keyboard.
     program.focused("table", "比較値の一覧")
@@ -67,10 +67,7 @@ def set_condition(program):
 
 
 def set_value(program, node, title, text):
-    editor = program.window("置換の設定")
-    editor.select("table cell", node)
-    editor.press("置換値設定")
-    value = program.window("置換値設定")
+    value = open_dialog(program, node, "置換値設定", "置換値設定")
     value.write("タイトル", title)
     value.write("ﾃｷｽﾄ", text)
     value.press("OK")
@@ -86,34 +83,6 @@ def finish(program):
     browser.press("閉じる", "一覧を閉じる")
 
 
-def walk(program):
-    make_folder(program)
-    begin_definition(program)
-    set_field(program)
-    set_condition(program)
-    set_value(program, "山田商店（先頭一致）", "得意先", "御中")
-    set_value(program, "以外", "その他", "様")
-    finish(program)
-
-
-def expect(store, select, rows):
-    found = store.execute(select).fetchall()
-    if found != rows:
-        raise AssertionError(f"{select}\ngives {found}\nand not {rows}")
-
-
-def check(store):
-    expect(store, DEFINITION, [("営業", "敬称", "会社による敬称")])
-    expect(store, LINES, [("S", "山田商店", 2)])
-    expect(store, RULES, [
-        ("F", "F2", None, None, None, None, None),
-        ("C", None, "0", None, None, "F", None),
-        ("C", None, "1", None, None, "F", None),
-        ("R", None, None, "得意先", "御中", "C", "0"),
-        ("R", None, None, "その他", "様", "C", "1"),
-    ])
-
-
 def main(rule_store, host):
     with tempfile.TemporaryDirectory() as folder:
         path = os.path.join(folder, "store.db")
@@ -122,12 +91,19 @@ def main(rule_store, host):
         store.execute("insert into field values('F1','氏名','T'),('F2','会社名','T')")
         process = subprocess.Popen([host, f"Driver=SQLite;Database={path}"])
         try:
-            walk(Program(process))
-            if process.wait(10) != 0:
-                raise AssertionError(f"the host ended with {process.returncode}")
+            program = Program(process)
+            make_folder_and_definition(program)
+            set_field(program)
+            set_condition(program)
+            set_value(program, "山田商店（先頭一致）", "得意先", "御中")
+            set_value(program, "以外", "その他", "様")
+            finish(program)
+            assert process.wait(10) == 0, f"the host ended with {process.returncode}"
         finally:
             process.kill()
-        check(store)
+        for select, rows in WRITTEN.items():
+            found = store.execute(select).fetchall()
+            assert found == rows, f"{select}\ngives {found}\nand not {rows}"
 
 
 if __name__ == "__main__":

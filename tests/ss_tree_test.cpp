@@ -1,0 +1,273 @@
+#include "controls/tree/ss_tree.h"
+
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QFont>
+#include <QIcon>
+#include <QMouseEvent>
+#include <QTest>
+#include <QTreeView>
+#include <stdexcept>
+
+#include "platform/form.h"
+#include "platform/native.h"
+
+namespace {
+
+using ta_vorlumine::Node;
+using ta_vorlumine::SSTree;
+using lines = std::vector<std::string>;
+
+/// A window with nothing but a tree, which tells its events.
+class ss_tree : public testing::Test {
+ protected:
+  ss_tree() {
+    window.body = platform::column({tree});
+    tree.on_node_click = [this](const Node& node) { told.push_back("click " + node.Key()); };
+    tree.on_node_open = [this](const Node& node) { told.push_back("open " + node.Key()); };
+    tree.on_mouse_down = [this](int button, int shift, int, int) { tell("down", button, shift); };
+    tree.on_mouse_move = [this](int buttons, int shift, int, int) { tell("move", buttons, shift); };
+    window.load();
+    tree.set_image_list(pictures);
+    add_nodes();
+    view().window()->show();
+    view().window()->activateWindow();
+    EXPECT_TRUE(QTest::qWaitForWindowActive(view().window()));
+    view().setFocus();
+  }
+  ~ss_tree() override { view().window()->hide(); }
+
+  void add_nodes() {
+    tree.Nodes.Add("0", "root", "r");
+    for (const char* key : {"a", "b", "c"}) tree.Nodes.AddChild("0", key, key);
+    for (const char* key : {"a1", "a2"}) tree.Nodes.AddChild("a", key, key, "t");
+    tree.Nodes.Item("0").Expanded(true);
+    tree.Nodes.Item("a").Expanded(true);
+  }
+  void add_many() {
+    for (int i = 100; i < 200; ++i) tree.Nodes.AddChild("b", std::to_string(i), "node");
+    tree.Nodes.Item("b").Expanded(true);
+  }
+  void tell(const char* what, int button, int shift) {
+    told.push_back(what + std::string(" ") + std::to_string(button) + " " + std::to_string(shift));
+  }
+  lines heard() { return std::exchange(told, {}); }
+
+  Node item(const std::string& key) { return tree.Nodes.Item(key); }
+  std::string selected() {
+    const Node node = tree.SelectedItem();
+    return node.is_empty() ? "" : node.Key();
+  }
+  QTreeView& view() { return platform::as<QTreeView>(tree.peer()); }
+  QModelIndex index(const QString& text, const QModelIndex& parent = {}) {
+    for (int row = 0; row < view().model()->rowCount(parent); ++row) {
+      const QModelIndex child = view().model()->index(row, 0, parent);
+      const QModelIndex found = child.data() == text ? child : index(text, child);
+      if (found.isValid()) return found;
+    }
+    return {};
+  }
+  QPoint place(const QString& text) { return view().visualRect(index(text)).center(); }
+  void click(QPoint where, Qt::MouseButton button = Qt::LeftButton,
+             Qt::KeyboardModifiers held = Qt::NoModifier) {
+    QTest::mouseClick(view().viewport(), button, held, where);
+  }
+  void move(QPoint where, Qt::MouseButtons held) {
+    QMouseEvent event(QEvent::MouseMove, where, view().viewport()->mapToGlobal(where), Qt::NoButton,
+                      held, Qt::NoModifier);
+    QApplication::sendEvent(view().viewport(), &event);
+  }
+  void key(Qt::Key code) { QTest::keyClick(&view(), code); }
+
+  platform::Form window{"window", "", 6000, 4000};
+  platform::ImageList pictures{{"shut", "close"}, {"wide", "open"}};
+  SSTree tree{window, "SSTree1", "names"};
+  lines told;
+};
+
+TEST_F(ss_tree, keeps_nodes_by_key_and_in_the_order_of_adding) {
+  EXPECT_EQ(tree.Nodes.Count(), 6U);
+  EXPECT_EQ(tree.Nodes.Item(5).Key(), "a1");
+  EXPECT_EQ(item("a1").Position(), 5U);
+  EXPECT_EQ(item("a1").Text() + item("a1").Tag() + item("0").Tag(), "a1tr");
+  EXPECT_THROW(tree.Nodes.Item(0), std::runtime_error);
+  EXPECT_THROW(tree.Nodes.Item(7), std::runtime_error);
+  EXPECT_THROW(tree.Nodes.AddChild("b", "a1", "taken"), std::runtime_error);
+  EXPECT_THROW(tree.Nodes.AddChild("x", "new", "of none"), std::runtime_error);
+  EXPECT_EQ(tree.Nodes.Count(), 6U);
+  EXPECT_EQ(view().model()->rowCount(index("b")), 0);
+
+  const Node child = item("a2");
+  tree.Nodes.Remove("a");
+  EXPECT_EQ(tree.Nodes.Count(), 3U);
+  EXPECT_FALSE(tree.Nodes.Has("a2"));
+  EXPECT_THROW((void)child.Key(), std::runtime_error);
+  EXPECT_THROW((void)Node().Key(), std::runtime_error);
+  EXPECT_EQ(item("c").Position(), 3U);
+  tree.Nodes.Remove(2);
+  EXPECT_EQ(tree.Nodes.Item(2).Key(), "c");
+  EXPECT_FALSE(index("b").isValid());
+  tree.Nodes.Clear();
+  EXPECT_EQ(tree.Nodes.Count(), 0U);
+  EXPECT_EQ(view().model()->rowCount(), 0);
+}
+
+TEST_F(ss_tree, leads_from_node_to_node) {
+  const Node a = item("a");
+  EXPECT_EQ(a.parent().Key() + a.Child().Key() + a.Next().Key(), "0a1b");
+  EXPECT_EQ(item("b").Previous().Key() + a.LastSibling().Key() + item("a1").Root().Key(), "ac0");
+  EXPECT_EQ(a.Children(), 2U);
+  EXPECT_TRUE(a.Previous().is_empty() && item("c").Next().is_empty());
+  EXPECT_TRUE(item("0").parent().is_empty() && item("b").Child().is_empty());
+}
+
+TEST_F(ss_tree, moves_a_node_with_all_below_it_to_the_last_place) {
+  const auto children = [this](const QString& of) {
+    QString texts;
+    for (int row = 0; row < view().model()->rowCount(index(of)); ++row)
+      texts += view().model()->index(row, 0, index(of)).data().toString();
+    return texts;
+  };
+  tree.SelectedItem(item("a2"));
+  tree.Nodes.AddChild("c", "c1", "c1");
+  item("a").parent(item("c"));
+  EXPECT_EQ(children("root") + children("c") + children("a"), "bcc1aa1a2");
+  EXPECT_EQ(item("c1").Next().Key() + item("b").Next().Key(), "ac");
+  EXPECT_TRUE(item("a").Next().is_empty() && item("b").Previous().is_empty());
+  item("c1").parent(item("c"));
+  item("c1").parent(item("c"));  // is the last one already
+  EXPECT_EQ(children("c"), "ac1");
+  EXPECT_THROW(item("c").parent(item("a2")), std::runtime_error);
+  EXPECT_THROW(item("c").parent(item("c")), std::runtime_error);
+  EXPECT_EQ(selected(), "a2");
+  EXPECT_EQ(item("a").Position(), 2U) << "the order of adding stays";
+}
+
+TEST_F(ss_tree, shows_nodes_as_they_are_told) {
+  const Node a = item("a");
+  a.Text("two\nlines");
+  a.Font(true, 17);
+  a.ForeColor(ta_vorlumine::RGB(1, 2, 3));
+  a.Image("shut");
+  a.ExpandedImage("wide");
+  const QModelIndex shown = view().model()->index(0, 0, index("root"));
+  EXPECT_EQ(shown.data(), "two lines");
+  EXPECT_EQ(a.Text(), "two\nlines");
+  EXPECT_TRUE(shown.data(Qt::FontRole).value<QFont>().bold());
+  EXPECT_EQ(shown.data(Qt::FontRole).value<QFont>().pointSize(), 17);
+  EXPECT_EQ(shown.data(Qt::ForegroundRole).value<QColor>(), QColor(1, 2, 3));
+  const auto is_shown = [&](const char* picture) {
+    const auto image = [](const QIcon& icon) { return icon.pixmap(16).toImage(); };
+    return image(shown.data(Qt::DecorationRole).value<QIcon>()) ==
+           image(QIcon(QString(":/pictures/%1.svg").arg(picture)));
+  };
+  EXPECT_TRUE(is_shown("open"));
+  view().collapse(shown);
+  EXPECT_FALSE(a.Expanded());
+  EXPECT_TRUE(is_shown("close"));
+  a.Expanded(true);
+  EXPECT_TRUE(view().isExpanded(shown));
+  EXPECT_EQ(QAccessible::queryAccessibleInterface(&view())->text(QAccessible::Name), "names");
+}
+
+TEST_F(ss_tree, tells_what_the_user_chooses_and_nothing_else) {
+  tree.SelectedItem(item("b"));
+  EXPECT_EQ(selected(), "b");
+  tree.SelectedItem(Node());
+  EXPECT_EQ(selected(), "");
+  EXPECT_EQ(heard(), lines{});
+  click(place("b"));
+  click(place("b"), Qt::RightButton, Qt::ControlModifier);
+  EXPECT_EQ(heard(), (lines{"down 1 0", "click b", "down 2 2", "click b"}));
+  key(Qt::Key_Down);
+  EXPECT_EQ(selected(), "c");
+  key(Qt::Key_Return);
+  key(Qt::Key_Enter);
+  tree.SelectedItem(Node());
+  key(Qt::Key_Space);  // the keyboard's place is chosen again
+  EXPECT_EQ(selected(), "c");
+  EXPECT_EQ(heard(), (lines{"click c", "open c", "open c", "click c"}));
+  QTest::mouseDClick(view().viewport(), Qt::LeftButton, {}, place("a1"));
+  QTest::mouseDClick(view().viewport(), Qt::RightButton, {}, place("a1"));
+  EXPECT_EQ(heard(), (lines{"down 1 0", "click a1", "open a1"}));
+  click(QPoint(20, view().viewport()->height() - 2));
+  EXPECT_EQ(heard(), (lines{"down 1 0"}));
+  const QRect row = view().visualRect(index("a"));
+  click(QPoint(row.left() - view().indentation() / 2, row.center().y()));
+  EXPECT_FALSE(item("a").Expanded());
+  EXPECT_EQ(heard(), lines{});
+  tree.SelectedItem(item("b"));
+  tree.Nodes.Remove("a");
+  EXPECT_EQ(selected(), "b");
+  tree.Nodes.Remove("b");
+  EXPECT_EQ(selected(), "") << "no neighbour is chosen in its place";
+  EXPECT_EQ(heard(), lines{});
+}
+
+TEST_F(ss_tree, tells_a_move_once_with_a_button_held_and_away_from_the_press) {
+  const QPoint from = place("b");
+  const QPoint off = from + QPoint(2 * QApplication::startDragDistance(), 0);
+  move(off, Qt::LeftButton);
+  EXPECT_EQ(heard(), lines{}) << "the press was elsewhere";
+  QTest::mousePress(view().viewport(), Qt::LeftButton, {}, from);
+  move(from + QPoint(1, 0), Qt::LeftButton);
+  move(off, Qt::NoButton);
+  EXPECT_EQ(heard(), (lines{"down 1 0", "click b"}));
+  move(off, Qt::LeftButton);
+  move(off + off, Qt::LeftButton);
+  EXPECT_EQ(heard(), (lines{"move 1 0"}));
+  EXPECT_EQ(selected(), "b") << "what the pointer passes is not chosen";
+  tree.DropHighlight(item("c"));
+  EXPECT_EQ(tree.DropHighlight().Key(), "c");
+  tree.Drag(item("b"));
+  EXPECT_TRUE(tree.DropHighlight().is_empty()) << "a drag that ends without a drop clears it";
+}
+
+TEST_F(ss_tree, marks_where_a_drop_would_go) {
+  const QImage before = view().viewport()->grab().toImage();
+  tree.DropHighlight(item("c"));
+  EXPECT_NE(view().viewport()->grab().toImage(), before);
+  tree.DropHighlight(Node());
+  EXPECT_EQ(view().viewport()->grab().toImage(), before);
+}
+
+TEST_F(ss_tree, scrolls_to_the_node_that_is_to_be_on_top) {
+  add_many();
+  tree.TopNode(item("150"));
+  EXPECT_EQ(tree.TopNode().Key() + tree.VisibleNode(2).Key(), "150151");
+  const std::size_t shown = tree.VisibleCount();
+  EXPECT_GT(shown, 3U);
+  EXPECT_LT(shown, 40U);
+  EXPECT_FALSE(tree.VisibleNode(shown).is_empty());
+  EXPECT_TRUE(tree.VisibleNode(shown + 1).is_empty());
+  const QPoint top = view().visualRect(view().indexAt(QPoint(1, 1))).center();
+  EXPECT_EQ(tree.HitTest(top.x(), top.y()).Key(), "150");
+  EXPECT_TRUE(tree.HitTest(top.x(), -1000).is_empty());
+}
+
+TEST_F(ss_tree, shows_nothing_while_it_is_filled_and_keeps_the_keyboards_place) {
+  click(place("a2"));
+  EXPECT_EQ(heard().back(), "click a2");
+  tree.Redraw(false);
+  EXPECT_EQ(view().model()->rowCount(), 0);
+  EXPECT_EQ(selected(), "");
+  tree.Nodes.Clear();
+  add_nodes();
+  add_many();
+  tree.TopNode(item("150"));
+  tree.Redraw(true);
+  EXPECT_EQ(tree.TopNode().Key(), "150");
+  EXPECT_TRUE(view().isExpanded(index("a")) && view().isExpanded(index("b")));
+  EXPECT_EQ(selected(), "");
+  EXPECT_EQ(view().currentIndex().data(), "a2");
+  EXPECT_EQ(heard(), lines{});
+  item("a").Expanded(false);
+  tree.Redraw(false);
+  tree.Redraw(true);
+  EXPECT_FALSE(view().isExpanded(index("a")));
+  EXPECT_TRUE(view().isExpanded(index("b")));
+}
+
+}  // namespace
