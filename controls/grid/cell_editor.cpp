@@ -24,7 +24,7 @@ class cell_editor::limited_text : public QValidator {
 
   State validate(QString& text, int& cursor) const override {
     // Cells copied from other programs bring a line break along, and would then match nothing.
-    static const QRegularExpression breaks("[\\r\\n\\t]");
+    static const QRegularExpression breaks(R"([\r\n\t])");
     QString before = text.left(cursor).remove(breaks);
     const QString after = text.mid(cursor).remove(breaks);
     std::size_t length = count(before) + count(after);
