@@ -40,8 +40,8 @@ TEST_F(StoreEngine, StoresANumberAlikeHoweverItIsWritten) {
       "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,'<s>','<n>')";
   constexpr words unquoted =
       "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,<s>,<n>)";
-  for (const std::string number :
-       {"0.1", "-5", "5.50", "9007199254740993", "123456789.125", "-1000000000000000000000"}) {
+  for (const std::string& number : std::vector<std::string>{
+           "0.1", "-5", "5.50", "9007199254740993", "123456789.125", "-1000000000000000000000"}) {
     connection.Execute("delete from replace_cond");
     connection.Execute(
         "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,1," + number +

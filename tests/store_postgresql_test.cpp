@@ -52,8 +52,9 @@ TEST_F(PostgresqlEngine, LosesNoDigitOfANumber) {
         "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,1,<n>)",
         number);
   };
-  for (const std::string number : {"12345678901234567890.1234567890123", "-0.000000000000000000001",
-                                   "98765432109876543210", "-123.456", "0.5"}) {
+  for (const std::string& number :
+       std::vector<std::string>{"12345678901234567890.1234567890123", "-0.000000000000000000001",
+                                "98765432109876543210", "-123.456", "0.5"}) {
     EXPECT_EQ(quoted(number), Value(number));
     EXPECT_EQ(unquoted(number), Value(number));
   }
@@ -218,7 +219,7 @@ TEST_F(PostgresqlEngine, TellsWhyItCannotConnectButNotThePassword) {
   store.run("create role vorlumine_guest login password 'right-secret'");
   const auto text_of = [](const std::string& connect_string) {
     Connection refused;
-    const std::string text = failure_of([&] { refused.Open(connect_string); }).what();
+    std::string text = failure_of([&] { refused.Open(connect_string); }).what();
     EXPECT_FALSE(refused.is_open());
     EXPECT_EQ(text.find("secret"), std::string::npos) << text;
     return text;

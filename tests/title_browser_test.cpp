@@ -212,7 +212,8 @@ TEST_F(TitleBrowser, ARefusedDeleteIsToldAndNothingIsDeleted) {
 }
 
 TEST_F(TitleBrowser, ARowThatAnotherProgramHasDeletedIsToldAndNothingIsWritten) {
-  for (const std::string button : {"addf", "updatef", "delf", "add", "update", "copy", "del"}) {
+  for (const std::string& button :
+       std::vector<std::string>{"addf", "updatef", "delf", "add", "update", "copy", "del"}) {
     const bool is_folder = of_folder.find(button + " ") != std::string::npos;
     const std::string kind = is_folder ? "F" : "C";
     store.run("insert into replace values(20,0,'" + kind + "','消える',null,7)");

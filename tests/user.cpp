@@ -104,7 +104,7 @@ void question(const std::string& text, bool ok) {
 std::string read_message() {
   const auto* box = qobject_cast<QMessageBox*>(&top_window());
   expect(box && box->windowTitle() == "Quorvi", "a message");
-  const std::string text = box->text().toStdString();
+  std::string text = box->text().toStdString();
   answer(QMessageBox::Ok);
   return text;
 }
