@@ -12,10 +12,8 @@ using rows = std::vector<std::string>;
 
 namespace {
 
-bool holds_all(const rows& some, const rows& all) {
-  return std::ranges::includes(all, some);
-}
-
+/// A command is done or not done, whatever goes wrong. A new definition may have drawn another
+/// number than the first one did, and a copy still has to get its title.
 void judge(const swept_command& command, const fault_trial& trial, const rows& wanted) {
   // The selection goes on past what it cannot read, and what a lost connection held open is taken
   // back in any case.
@@ -23,34 +21,11 @@ void judge(const swept_command& command, const fault_trial& trial, const rows& w
       trial.failed.find("select KIND,comment") != std::string::npos || trial.failed == "ROLLBACK";
   EXPECT_TRUE(trial.was_told || may_be_silent);
   EXPECT_FALSE(trial.was_deceived);
-  rows kept;
-  std::ranges::set_intersection(trial.before, wanted, std::back_inserter(kept));
   for (const rows* found : {&trial.after_failure, &trial.after}) {
     if (found->empty()) continue;  // the command had ended
-    EXPECT_TRUE(holds_all(kept, *found));
-    EXPECT_TRUE(!command.is_whole || *found == trial.before || *found == wanted);
-  }
-  if (!trial.after_failure.empty()) {
-    EXPECT_LE(trial.after_failure.size(), std::max(trial.before.size(), wanted.size()));
-  }
-}
-
-/// What a user gets who has tried again. What can't be written can't be taken back either: such a
-/// copy stays as far as it came, under its own key.
-void judge_end(const swept_command& command, const fault_trial& trial, const rows& wanted,
-               bool hinders_repair) {
-  const auto is_left_copy = [](const std::string& fault) {
-    return fault.find(" 34/") != fault.npos;
-  };
-  if (command.takes_rows_away) {
-    EXPECT_TRUE(holds_all(wanted, trial.after));
-  } else if (hinders_repair && command.name == "copy") {
-    EXPECT_GE(trial.after.size(), wanted.size());
-    EXPECT_TRUE(std::ranges::all_of(trial.shape, is_left_copy));
-  } else {
-    // Numbers that were drawn for the failed try may be gone.
-    EXPECT_EQ(trial.after.size(), wanted.size());
-    EXPECT_EQ(trial.shape, rows{});
+    const bool may_differ = command.name == "copy" || command.name == "new definition";
+    const bool is_done = *found == wanted || (may_differ && found->size() == wanted.size());
+    EXPECT_TRUE(is_done || *found == trial.before);
   }
 }
 
@@ -68,7 +43,7 @@ std::vector<trouble> troubles_on_sqlite() {
 
 trouble on_the_wire(const std::string& name, wire_fault kind) {
   return {name, [kind](test_store& store) { return fault_on_the_wire(store, kind); },
-          kind == wire_fault::away, kind == wire_fault::lost_after};
+          kind == wire_fault::away};
 }
 
 std::vector<trouble> troubles_on_a_server() {
@@ -78,7 +53,48 @@ std::vector<trouble> troubles_on_a_server() {
           on_the_wire("server away", wire_fault::away)};
 }
 
+struct lag {
+  std::string command;
+  std::string counters;    ///< as a crash leaves them: a row is there, and not counted
+  std::string definition;  ///< whose rule rows the command adds to
+};
+
+const std::vector<lag> lags = {{"new folder", "replace=29", "1"},
+                               {"new definition", "replace=31", "1"},
+                               {"copy", "replace=31,replace_m=12,replace_cond=0", "34"},
+                               {"new field", "replace_m=12", "1"},
+                               {"new value", "replace_m=12", "1"},
+                               {"new condition", "replace_m=12,replace_cond=0", "1"},
+                               {"first date condition", "replace_m=29,replace_cond=0", "30"},
+                               {"first yes/no condition", "replace_m=31,replace_cond=0", "32"}};
+
 }  // namespace
+
+TEST(Counters, BehindTheirTablesHealWithTheNextCommand) {
+  const trouble none{"none", [](test_store&) { return std::make_unique<store_faults>(); }};
+  const auto commands = swept_commands();
+  std::optional<test_store> store;
+  for (const lag& lag : lags) {
+    SCOPED_TRACE(lag.command);
+    const auto& command = *std::ranges::find(commands, lag.command, &swept_command::name);
+    fault_trial untroubled(store, none);
+    untroubled.play_command(command, 0);
+    fault_trial behind(store, none);
+    store->run("update seqno set " + lag.counters);
+    behind.play_command(command, 0);
+    EXPECT_EQ(behind.way, untroubled.way);
+    EXPECT_EQ(behind.after.size(), untroubled.after.size());
+    EXPECT_EQ(behind.shape, std::vector<std::string>());
+    const std::string of_definition = " from replace_m where replace_no=" + lag.definition;
+    EXPECT_EQ(
+        store->value("select 1 from seqno where replace>=(select max(replace_no) from replace)"
+                     " and replace_m>=(select max(replace_m_no)" +
+                     of_definition +
+                     ")"
+                     " and replace_cond>=(select max(replace_cond_no) from replace_cond)"),
+        "1");
+  }
+}
 
 class FaultSweep : public testing::TestWithParam<std::tuple<swept_command, trouble>> {};
 
@@ -97,7 +113,9 @@ TEST_P(FaultSweep, EachOccasionInTurn) {
     SCOPED_TRACE(std::to_string(number) + ": " + patient.failed);
     ++tried;
     judge(command, patient, wanted);
-    judge_end(command, patient, wanted, trouble.lasts || trouble.loses_answers);
+    // Numbers that were drawn for the failed try may be gone.
+    EXPECT_EQ(patient.after.size(), wanted.size());
+    EXPECT_EQ(patient.shape, rows{});
     if (!trouble.lasts) continue;
     fault_trial leaving(store, trouble);
     leaving.play_command(command, number, false);

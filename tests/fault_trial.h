@@ -23,7 +23,6 @@ struct swept_command {
   std::string goal;    ///< a select that gives 1 once the command has been done, and 0 before
   std::map<std::string, std::function<void()>> steps;  ///< by the windows' names
   bool takes_rows_away = false;
-  bool is_whole = false;  ///< a condition dialog
 };
 
 inline void PrintTo(const swept_command& command, std::ostream* out) {
@@ -37,8 +36,7 @@ inline void PrintTo(const swept_command& command, std::ostream* out) {
 struct trouble {
   std::string name;
   std::function<std::unique_ptr<store_faults>(test_store&)> make;
-  bool lasts = false;          ///< until the user does something about it
-  bool loses_answers = false;  ///< so that nobody knows what was done
+  bool lasts = false;  ///< until the user does something about it
 };
 
 inline void PrintTo(const trouble& trouble, std::ostream* out) {

@@ -22,8 +22,7 @@ constexpr std::array known_texts = {
     "項目名に「'」が含まれているため", "削除してもよろしいですか",
     "アドレス帳と同じ名称は設定できません。", "そのタイトルはすでに使用されています。",
     "CHECK constraint failed: d_",  // a day that no calendar has is told, and stays as typed
-    "CHECK constraint failed: n_",
-    "invalid input syntax for type numeric: ",
+    "CHECK constraint failed: n_", "invalid input syntax for type numeric: ",
     // Another user on the same store was quicker.
     "database is locked", "対象の行は他のプログラムによって削除されています。",
     "この位置には項目または置換値がすでに設定されています。",

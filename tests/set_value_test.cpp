@@ -81,21 +81,34 @@ TEST_F(ValueDialog, AddsAValueOfEachKindAndMayLeaveItEmpty) {
   EXPECT_EQ(counters(), "33|45|7");
 }
 
-TEST_F(ValueDialog, ChangesAValueToEachKindAndBlanksTheOthers) {
-  const char* const stored[] = {"13|12|題|S|新| | | | ", "13|12|題|T| |新| | | ",
-                                "13|12|題|I| | |新| | ", "13|12|題|M| | | |新| "};
+TEST_F(ValueDialog, ChangesAValueToEachKindBlanksTheOthersAndShowsIt) {
+  const auto expect_shown = [](int kind, const std::string& title, const std::string& texts) {
+    click_node("以外/" + title);
+    press("cond_val_set");
+    EXPECT_EQ(selected(), kind);
+    EXPECT_EQ(text_of("title_txt"), title);
+    EXPECT_EQ(is_enabled("title_txt"), kind != 4);
+    EXPECT_EQ(focused_control(), kind == 4 ? "Combo1" : "title_txt");
+    EXPECT_EQ(inputs(), texts);
+    cancel();
+  };
+  const std::pair<const char*, const char*> stored[] = {{"13|12|題|S|新| | | | ", "新|||||"},
+                                                        {"13|12|題|T| |新| | | ", "|新||||"},
+                                                        {"13|12|題|I| | |新| | ", "||新|||"},
+                                                        {"13|12|題|M| | | |新| ", "|||新||"}};
   for (const int kind : {1, 2, 3, 0}) {
-    change(kind == 1 ? "不明" : "題", [kind] {
+    change(kind == 1 ? "不明" : "題", [&] {
       type("title_txt", "題");
       type(boxes[kind], "新");
       ok();
+      EXPECT_EQ(last_value(1), stored[kind].first);
+      expect_shown(kind, "題", stored[kind].second);
     });
-    EXPECT_EQ(last_value(1), stored[kind]);
   }
-  change("題", [] {
+  change("題", [&] {
     choose("Combo1", "フリガナ");
-    EXPECT_EQ(inputs(), "||||フリガナ|");
     ok();
+    expect_shown(4, "フリガナ", "||||フリガナ|");
   });
   EXPECT_EQ(last_value(1), "13|12|フリガナ|F|新| | | |F2");
   EXPECT_EQ(counters(), "33|40|7");
@@ -164,26 +177,6 @@ TEST_F(ValueDialog, ChecksTitleThenInputAndStaysOpen) {
     cancel();
   });
   EXPECT_EQ(last_value(1), untouched);
-}
-
-TEST_F(ValueDialog, ShowsAStoredValueOfEachKind) {
-  const std::pair<const char*, const char*> kinds[] = {
-      {"S", "s|||||"}, {"T", "|t||||"}, {"I", "||i|||"}, {"M", "|||m||"}, {"F", "||||氏名|"}};
-  store.run(
-      "update replace_m set replace_title='氏名',r_text='s',r_text_filename='t',"
-      "r_image_filename='i',r_mmedia_filename='m',r_field_id='F1' where replace_m_no=13");
-  for (int kind = 0; kind < 5; ++kind) {
-    store.run(std::string("update replace_m set replace_type='") + kinds[kind].first +
-              "' where replace_m_no=13");
-    change("氏名", [&] {
-      EXPECT_EQ(selected(), kind);
-      EXPECT_EQ(text_of("title_txt"), "氏名");
-      EXPECT_EQ(is_enabled("title_txt"), kind != 4);
-      EXPECT_EQ(focused_control(), kind == 4 ? "Combo1" : "title_txt");
-      EXPECT_EQ(inputs(), kinds[kind].second);
-      cancel();
-    });
-  }
 }
 
 TEST_F(ValueDialog, RowsThatItWouldNotWriteAskForWhatIsMissing) {

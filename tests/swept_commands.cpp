@@ -63,8 +63,7 @@ swept_command in_browser(const std::string& name, const std::string& goal, const
           .window = dialog == "replaceFolder" ? dialog : "replaceForm",
           .goal = goal,
           .steps = {{"replaceForm", in_tree}, {dialog, in_dialog}},
-          .takes_rows_away = name.starts_with("delete"),
-          .is_whole = false};
+          .takes_rows_away = name.starts_with("delete")};
 }
 
 swept_command in_editor(const std::string& name, const std::string& goal,
@@ -76,8 +75,7 @@ swept_command in_editor(const std::string& name, const std::string& goal,
           .steps = {{"replaceForm", at(definition, "update")},
                     {"replace_create", in_tree},
                     {dialog, in_dialog}},
-          .takes_rows_away = name.starts_with("delete"),
-          .is_whole = name.find("condition") != name.npos};
+          .takes_rows_away = name.starts_with("delete")};
 }
 
 }  // namespace
