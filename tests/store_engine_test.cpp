@@ -33,31 +33,25 @@ TEST_F(StoreEngine, GivesBackEveryValueAsItWasWritten) {
   }
 }
 
-// Number dialogs quote their values, copies don't: the column makes the same of both. A bare text
-// has its values among its words.
+// Number dialogs quote their values, copies don't: the column makes the same of both.
 TEST_F(StoreEngine, StoresANumberAlikeHoweverItIsWritten) {
   constexpr words quoted =
       "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,'<s>','<n>')";
   constexpr words unquoted =
       "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,<s>,<n>)";
-  for (const std::string& number : std::vector<std::string>{
-           "0.1", "-5", "5.50", "9007199254740993", "123456789.125", "-1000000000000000000000"}) {
+  for (const std::string number :
+       {"0.1", "-5", "9007199254740993", "123456789.125", "-1000000000000000000000"}) {
     connection.Execute("delete from replace_cond");
-    connection.Execute(
-        "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,1," + number +
-        ")");
-    connection.Execute(sql(quoted, {2, number}));
-    connection.Execute(sql(unquoted, {"3", number}));
-    for (const words& find : {words("select n_f_val from replace_cond where n_f_val='<n>'"),
-                              words("select n_f_val from replace_cond where n_f_val=<n>")}) {
-      Recordset rows = connection.Execute(sql(find, {number}));
-      EXPECT_EQ(rows.RecordCount(), 3U) << number;
-      for (; !rows.eof(); rows.MoveNext())
-        EXPECT_EQ(rows.Fields().Item(0).Value().text(), number == "5.50" ? "5.5" : number);
-    }
+    connection.Execute(sql(quoted, {1, number}));
+    connection.Execute(sql(unquoted, {"2", number}));
+    EXPECT_EQ(store.rows("select n_f_val from replace_cond where n_f_val=" + number),
+              (std::vector<std::string>{number, number}));
+    for (const words& find : {words("select 1 from replace_cond where n_f_val='<n>'"),
+                              words("select 1 from replace_cond where n_f_val=<n>")})
+      EXPECT_EQ(connection.Execute(sql(find, {number})).RecordCount(), 2U) << number;
   }
+  connection.Execute(sql(quoted, {3, Value()}));
   connection.Execute(sql(unquoted, {4, Value()}));
-  connection.Execute(sql(quoted, {5, Value()}));
   EXPECT_EQ(store.value("select count(*) from replace_cond where n_f_val is null"), "2");
 }
 

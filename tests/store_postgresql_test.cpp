@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <array>
 #include <chrono>
 #include <map>
 
@@ -37,30 +38,22 @@ bool holds(const Error& failure, const std::string& text) {
 }
 
 TEST_F(PostgresqlEngine, LosesNoDigitOfANumber) {
-  const auto stored = [&](const words& insert, const std::string& number) {
-    connection.Execute("delete from replace_cond");
-    connection.Execute(sql(insert, {number}));
-    return value_of("select n_f_val from replace_cond");
-  };
-  const auto quoted = [&](const std::string& number) {
-    return stored(
-        "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,1,'<n>')",
-        number);
-  };
-  const auto unquoted = [&](const std::string& number) {
-    return stored(
-        "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,1,<n>)",
-        number);
-  };
-  for (const std::string& number :
-       std::vector<std::string>{"12345678901234567890.1234567890123", "-0.000000000000000000001",
-                                "98765432109876543210", "-123.456", "0.5"}) {
-    EXPECT_EQ(quoted(number), Value(number));
-    EXPECT_EQ(unquoted(number), Value(number));
+  constexpr std::array<words, 2> inserts = {
+      "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,1,'<n>')",
+      "insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) values(1,1,1,<n>)"};
+  for (const words& insert : inserts) {
+    const auto stored = [&](const char* number) {
+      connection.Execute("delete from replace_cond");
+      connection.Execute(sql(insert, {number}));
+      return value_of("select n_f_val from replace_cond");
+    };
+    for (const char* number : {"12345678901234567890.1234567890123", "-0.000000000000000000001",
+                               "98765432109876543210", "-123.456"})
+      EXPECT_EQ(stored(number), Value(std::string(number)));
+    EXPECT_EQ(stored("1.50"), Value(std::string("1.5")));
+    EXPECT_EQ(stored("100.00"), Value(std::int64_t{100}));
+    EXPECT_EQ(stored("-2147483649"), Value(std::int64_t{-2147483649}));
   }
-  EXPECT_EQ(quoted("1.50"), Value(std::string("1.5")));
-  EXPECT_EQ(unquoted("100.00"), Value(std::int64_t{100}));
-  EXPECT_EQ(unquoted("-2147483649"), Value(std::int64_t{-2147483649}));
 }
 
 TEST_F(PostgresqlEngine, GivesEveryTypeItsKindOfValue) {
