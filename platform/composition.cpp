@@ -46,18 +46,21 @@ class composition_watch : public QObject {
 
   QPointer<QObject> control_;  // the one being composed in, null if none is
   QString half_composed_;
-  QString last_;  // the text of the last composition, in case it is sent again
-  const QEvent* finishing_ = nullptr;
+  QString last_;           // the text of the last composition, in case it is sent again
+  bool given_up_ = false;  // its text may still be sent when the input method is asked to commit
+  const QEvent* finishing_ = nullptr;  // the event that ends a composition, while it is ended
 };
 
 void composition_watch::finish() {
-  if (!control_) return;
-  const QPointer<QObject> control = std::exchange(control_, nullptr);
-  last_ = half_composed_;
+  if (!control_ && !given_up_) return;
   QInputMethodEvent end;
-  if (!control->property(drops_property).toBool()) end.setCommitString(last_);
   finishing_ = &end;
-  QCoreApplication::sendEvent(control, &end);
+  given_up_ = false;
+  last_ = half_composed_;
+  if (const QPointer<QObject> control = std::exchange(control_, nullptr)) {
+    if (!control->property(drops_property).toBool()) end.setCommitString(last_);
+    QCoreApplication::sendEvent(control, &end);
+  }
   QGuiApplication::inputMethod()->reset();
   finishing_ = nullptr;
 }
@@ -76,9 +79,12 @@ bool composition_watch::is_dropped(QObject& receiver, const QInputMethodEvent& e
     if (committed == last_) return true;
     last_ = control_ ? committed : QString();
   }
-  if (composing) last_.clear();
+  if (composing) {
+    half_composed_ = event.preeditString();
+    last_.clear();
+  }
+  given_up_ = !composing && committed.isEmpty() && (control_ || given_up_);
   control_ = composing ? &receiver : nullptr;
-  half_composed_ = event.preeditString();
   return false;
 }
 
