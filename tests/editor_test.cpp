@@ -9,28 +9,11 @@ using namespace harness;
 
 namespace {
 
-/// The common rules and one richer definition, 詳細 (7). Its conditions bear numbers that another
-/// definition uses too.
 class Editor : public common_rules {
  protected:
-  Editor() {
-    store.run("insert into replace values(7,3,'C','詳細','人''の%10',7)");
-    rule(7, 0, "'F','F1',null,null,null,null");
-    rule(8, 7, "'C',null,'0',1,null,null");
-    rule(12, 7, "'C',null,'1',null,null,null");
-    rule(13, 12, "'R',null,null,null,'様''%10','S'");
-    rule(14, 8, "'F','F3',null,null,null,null");
-    rule(15, 14, "'C',null,'0',2,null,null");
-    rule(16, 14, "'C',null,'1',null,null,null");
-    rule(17, 15, "'R',null,null,null,'誕生','S'");
-    store.run_all(
-        {"update replace_m set r_text='%11\n''😀%01' where replace_no=7 and replace_m_no=13",
-         "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_method,s_val) "
-         "values(7,1,1,'S',1,'東'),(7,1,3,'S',3,'西%05'),(7,1,4,'S',9,'消える')",
-         "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,d_t_method,d_t_val) "
-         "values(7,2,1,'D',2,'2005/01/31')"});
-  }
+  Editor() { store.run_script("rich_definition.sql"); }
 
+  /// Adds a row to 詳細.
   void rule(int key, int parent, const std::string& columns) {
     store.run(
         "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id,"

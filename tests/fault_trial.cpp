@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <utility>
 
-#include "common_rules.h"
 #include "random_walk.h"
 #include "user.h"
 
@@ -15,7 +14,7 @@ fault_trial::fault_trial(std::optional<test_store>& store, const trouble& troubl
   if (!store || !on_server()) store.emplace();
   for (const char* table : {"replace", "replace_m", "replace_cond", "field"})
     store->run(std::string("delete from ") + table);
-  add_common_rules(*store);
+  store->run_script("common_rules.sql");
   store_ = &*store;
   before = content();
   faults_ = trouble.make(*store);

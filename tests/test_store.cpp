@@ -1,4 +1,6 @@
 #include <cstdlib>
+#include <fstream>
+#include <utility>
 
 #include "store/postgresql_session.h"
 #include "store_failure.h"
@@ -47,6 +49,15 @@ void test_store::run(const ADODB::statement& statement) {
 
 void test_store::run_all(const std::vector<std::string>& statements) {
   for (const std::string& statement : statements) run(statement);
+}
+
+void test_store::run_script(const std::string& name) {
+  std::ifstream file(PROJECT_ROOT "/tests/" + name);
+  std::string statement;
+  for (std::string line; std::getline(file, line);) {
+    statement += line + "\n";
+    if (line.ends_with(';')) run(std::exchange(statement, {}));
+  }
 }
 
 std::vector<std::string> test_store::rows(std::string_view statement) {

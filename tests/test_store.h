@@ -26,6 +26,8 @@ class test_store {
   void run(std::string_view statement);
   void run(const ADODB::statement& statement);
   void run_all(const std::vector<std::string>& statements);
+  /// Runs a file of this folder, a statement for each semicolon at the end of a line.
+  void run_script(const std::string& name);
   /// The rows of a select, the columns of a row separated by "|", null as "null".
   [[nodiscard]] std::vector<std::string> rows(std::string_view statement);
   /// The first column of the first row.

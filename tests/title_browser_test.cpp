@@ -302,16 +302,4 @@ TEST_F(TitleBrowser, AFolderIsRefusedUnderANamesakeThatIsNotItself) {
   EXPECT_EQ(store.value("select p_replace_no from replace where replace_no=3"), "0");
 }
 
-TEST_F(TitleBrowser, AnEmptyTableOfCountersIsTold) {
-  store.run_all({"delete from seqno", "delete from replace"});
-  browse(store, [] {
-    click_node("条件設定");
-    press("addf");
-    type("Text1", "最初");
-    press("Command2");
-    message("SEQNOテーブルがありません");
-  });
-  EXPECT_EQ(titles(), (rows{"1|0|F|最初"}));
-}
-
 }  // namespace
