@@ -96,22 +96,7 @@ TEST_F(Editor, SelectionAllowsWhatKeepsTheShape) {
 }
 
 TEST_F(Editor, ShowsRowsThatOtherProgramsWrote) {
-  rule(40, 41, "'F','F7',null,null,null,null");    // comes before its parent
-  rule(41, 12, "'F','gone',null,null,null,null");  // a field that is no more
-  rule(42, 40, "'C',null,'0',4,null,null");
-  rule(43, 99, "'R',null,null,null,'親なし','S'");
-  rule(44, 40, "'C',null,'0',3,null,null");
-  store.run_all(
-      {"delete from replace_m where replace_m_no=13",
-       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_method,s_val) "
-       "values(7,4,1,'S',1,'前'),(7,4,3,'S',2,'後')",
-       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,b_val) "
-       "values(7,4,2,'B',False)",
-       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,n_f_val,n_f_method,"
-       "n_t_val,n_t_method) values(7,3,1,'N',0.1,1,12345678901,2),(7,3,2,'N',5,7,null,null)",
-       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type) values(7,3,3,'Q')",
-       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,b_val) "
-       "values(7,3,4,'B',null)"});
+  store.run_script("foreign_rows.sql");
   browse(store, [] {
     click_node("詳細");
     press("update");

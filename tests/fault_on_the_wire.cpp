@@ -3,6 +3,7 @@
 #include <sys/un.h>
 #include <unistd.h>
 
+#include <atomic>
 #include <cstring>
 #include <map>
 #include <mutex>
@@ -107,14 +108,8 @@ class wire_faults : public store_faults {
     wanted_ = number;
     seen_ = 0;
   }
-  void mend() override {
-    const std::lock_guard guard(lock_);
-    is_away_ = false;
-  }
-  [[nodiscard]] int seen() const override {
-    const std::lock_guard guard(lock_);
-    return seen_;
-  }
+  void mend() override { is_away_ = false; }
+  [[nodiscard]] int seen() const override { return seen_; }
   [[nodiscard]] std::string failed() const override {
     const std::lock_guard guard(lock_);
     return failed_;
@@ -131,10 +126,6 @@ class wire_faults : public store_faults {
   [[nodiscard]] std::string statement_of(std::string_view request);
   /// Counts the request, and tells whether it is the one to fail.
   [[nodiscard]] bool fails(const std::string& statement);
-  [[nodiscard]] bool is_open() const {
-    const std::lock_guard guard(lock_);
-    return !is_away_;
-  }
 
   const wire_fault kind_;
   const std::string folder_;  ///< of the socket that is the road's beginning
@@ -143,8 +134,8 @@ class wire_faults : public store_faults {
   std::map<std::string, std::string> prepared_;  ///< statements by their names
   mutable std::mutex lock_;
   int wanted_ = 0;
-  int seen_ = 0;
-  bool is_away_ = false;
+  std::atomic<int> seen_ = 0;
+  std::atomic<bool> is_away_ = false;
   std::string failed_;
   wire_end listener_;
   std::thread traffic_;
@@ -161,7 +152,7 @@ wire_faults::wire_faults(const test_store& store, wire_fault kind)
     while (true) {
       const wire_end client(::accept(listener_, nullptr, nullptr));
       if (client < 0) return;
-      if (is_open()) serve(client);
+      if (!is_away_) serve(client);
     }
   });
 }

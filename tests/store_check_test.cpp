@@ -24,46 +24,15 @@ std::string printed(const harness::test_store& store,
   return output.str();
 }
 
-/// Folder 1 with definition 2: the field T1 (2/1), a condition with two lines (2/2) that leads to a
-/// value (2/4), and the otherwise row (2/3).
-void fill(harness::test_store& store) {
-  store.run_all({
-      "insert into field values('T1','氏名','T')",
-      "insert into field values('D1','生年月日','D')",
-      "insert into replace values(1,0,'F','folder',null,0)",
-      "insert into replace values(2,1,'C','definition','a \"remark\"\nb',1)",
-      "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id) "
-      "values(2,1,0,'F','T1')",
-      "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,replace_cond_type,"
-      "replace_cond_no) values(2,2,1,'C','0',1),(2,3,1,'C','1',null)",
-      "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,replace_title,"
-      "replace_type,r_text) values(2,4,2,'R','title','S','text')",
-      "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_val,s_method) "
-      "values(2,1,1,'S','a',1),(2,1,3,'S','b',3)",
-      "update seqno set replace=2,replace_m=4,replace_cond=1",
-  });
-}
-
 const std::string new_line = "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,";
 
-/// Beside it definition 3, which tests a number (3/5), under its otherwise row a date (3/8), and
-/// under that one's a yes/no field (3/11), each with one condition; and definition 4 without rules.
+void fill(harness::test_store& store) {
+  store.run_script("checked_rules.sql");
+}
+
 void fill_all(harness::test_store& store) {
   fill(store);
-  store.run_all({
-      "insert into field values('N1','年齢','N'),('B1','会員','B')",
-      "insert into replace values(3,0,'C','ranges',null,5),(4,0,'C','empty',null,14)",
-      "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id) "
-      "values(3,5,0,'F','N1'),(3,8,7,'F','D1'),(3,11,10,'F','B1')",
-      "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,replace_cond_type,"
-      "replace_cond_no) values(3,6,5,'C','0',2),(3,7,5,'C','1',null),(3,9,8,'C','0',3),"
-      "(3,10,8,'C','1',null),(3,12,11,'C','0',4),(3,13,11,'C','1',null)",
-      new_line + "n_f_val,n_f_method,n_t_val,n_t_method) values(3,2,1,'N',9.5,2,10,1)",
-      new_line + "d_f_val,d_f_method,d_t_val,d_t_method) "
-                 "values(3,3,1,'D','2024/02/28',1,'2024/02/29',1)",
-      new_line + "b_val) values(3,4,1,'B',true)",
-      "update seqno set replace=4,replace_m=13,replace_cond=4",
-  });
+  store.run_script("checked_ranges.sql");
 }
 
 std::string title(const std::string& changes, int no) {

@@ -30,6 +30,7 @@ TEST_F(TitleBrowser, ShowsFoldersAndDefinitionsInTheOrderOfTheirKeys) {
               (rows{"条件設定", "  敬称", "  空", "  宛名", "    会社", "      御中", "    NULL",
                     "     ", "  日付", "  数値", "  二択", "  新規", "  別の種類"}));
     EXPECT_EQ(enabled_buttons(), "close");
+    EXPECT_EQ(text_of("addf") + text_of("copy") + text_of("close"), "作成複写閉じる");
     EXPECT_EQ(selected_node(), "");
     click_node("別の種類");
     EXPECT_EQ(enabled_buttons(), "close");
@@ -141,6 +142,10 @@ TEST_F(TitleBrowser, MakesAndRenamesFolders) {
     in("replaceFolder");
     EXPECT_EQ(top_window().windowTitle(), "置換フォルダの作成");
     EXPECT_EQ(focused_control(), "Text1");
+    const auto place = [](const char* name) { return control(name).geometry().center(); };
+    EXPECT_LT(place("Label1").x(), place("Text1").x());
+    EXPECT_EQ(place("Command2").y(), place("Command3").y());
+    EXPECT_LT(place("Text1").y(), place("Command2").y());
     press("Command2");
     message("フォルダが必須です。");
     EXPECT_EQ(focused_control(), "Text1");
