@@ -3,12 +3,13 @@
 #include <QApplication>
 
 #include "random_walk.h"
+#include "window_pictures.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);
-  const std::vector<std::string> arguments(argv + 1, argv + argc);
-  if (!arguments.empty() && arguments.front() == "--walk")
-    return harness::walk_command({arguments.begin() + 1, arguments.end()});
+  const std::string command = argc > 1 ? argv[1] : "";
+  if (command == "--walk") return harness::walk_command({argv + 2, argv + argc});
+  if (command == "--pictures") return harness::pictures_command({argv + 2, argv + argc});
   return RUN_ALL_TESTS();
 }
