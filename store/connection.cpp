@@ -4,9 +4,11 @@
 
 namespace ADODB {
 
-void Connection::Open(std::string_view connection_string) {
+void Connection::Open(std::string_view connection_string, access access) {
   if (is_open()) throw Error(failure_kind::other, "the connection is already open");
-  engine_ = open_engine(read_connection_string(connection_string));
+  connection_settings settings = read_connection_string(connection_string);
+  settings.opened_for = access;
+  engine_ = open_engine(settings);
 }
 
 void Connection::Close() {

@@ -14,7 +14,7 @@ class Connection {
  public:
   /// Opens the store that the connection string names. The store must exist: nothing is created.
   /// Failing leaves the connection closed, and a later Open works.
-  void Open(std::string_view connection_string);
+  void Open(std::string_view connection_string, access access = access::writing);
 
   /// Ends the connection, an open transaction by rolling it back. Closing a closed one is an Error.
   void Close();

@@ -6,10 +6,15 @@
 
 namespace ADODB {
 
+/// What a store is opened for. Reading also works on files, folders and servers that can't be
+/// written, and changes nothing.
+enum class access { reading, writing };
+
 /// A connection string taken apart. Keys are known in any case; `values` holds them in lower case.
 struct connection_settings {
   std::string driver;                         ///< "sqlite" or "postgresql"
   std::map<std::string, std::string> values;  ///< every other key of that driver that was given
+  access opened_for = access::writing;        ///< not part of the text
 };
 
 /// Reads `Key=value;Key=value`; a value that holds ";" stands in braces: {a;b}. Raises Error on an

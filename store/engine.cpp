@@ -7,7 +7,7 @@ namespace ADODB {
 
 std::unique_ptr<engine> open_engine(const connection_settings& settings) {
   if (settings.driver == "sqlite")
-    return std::make_unique<sqlite_engine>(settings.values.at("database"));
+    return std::make_unique<sqlite_engine>(settings.values.at("database"), settings.opened_for);
   return std::make_unique<postgresql_engine>(settings);
 }
 

@@ -66,7 +66,8 @@ result postgresql_engine::execute(std::string_view text) {
 void postgresql_engine::begin(purpose) {
   // All reads of the transaction show the store as of its first statement, and writing to a row
   // that another program has changed since is refused as stale, instead of overwriting the change.
-  usable_session().run("BEGIN ISOLATION LEVEL REPEATABLE READ");
+  const char* const reads = settings_.opened_for == access::reading ? " READ ONLY" : "";
+  usable_session().run(std::string("BEGIN ISOLATION LEVEL REPEATABLE READ") + reads);
   in_transaction_ = true;
 }
 

@@ -42,11 +42,9 @@ constexpr std::array<option, 6> given_options = {{{"host", "server"},
                                                   {"user", "uid"},
                                                   {"password", "pwd"},
                                                   {"sslmode", "sslmode"}}};
-// target_session_attrs: a server that can only be read is refused, as such a file is.
-constexpr std::array<std::pair<const char*, const char*>, 8> fixed_options = {
+constexpr std::array<std::pair<const char*, const char*>, 7> fixed_options = {
     {{"client_encoding", "UTF8"},
      {"application_name", "ta_vorlumine"},
-     {"target_session_attrs", "read-write"},
      {"connect_timeout", "10"},
      {"tcp_user_timeout", "20000"},
      {"keepalives_idle", "10"},
@@ -59,6 +57,11 @@ PGconn* connect(const connection_settings& settings) {
   for (const auto& [keyword, value] : fixed_options) {
     keywords.push_back(keyword);
     values.push_back(value);
+  }
+  // A server that can only be read is refused for writing, as such a file is.
+  if (settings.opened_for == access::writing) {
+    keywords.push_back("target_session_attrs");
+    values.push_back("read-write");
   }
   for (const auto& [keyword, key] : given_options) {
     const auto found = settings.values.find(key);

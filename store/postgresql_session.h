@@ -21,7 +21,8 @@ using postgresql_answer = std::unique_ptr<PGresult, answer_deleter>;
 /// of the kind lost_connection ends the session for good. A call waits 30 seconds at most.
 class postgresql_session {
  public:
-  /// Connects to the existing, writable database that the settings name.
+  /// Connects to the existing database that the settings name, which must be writable unless it is
+  /// to be read.
   explicit postgresql_session(const connection_settings& settings);
 
   /// Prepares the one statement that the text holds, for parameters of the types of `values`. A

@@ -1,8 +1,7 @@
 #include "store/sqlite_database.h"
 
-#include <filesystem>
-
 #include "store/error.h"
+#include "store/sqlite_file.h"
 
 namespace ADODB {
 namespace {
@@ -31,38 +30,31 @@ failure_kind kind_of(int code) {
   throw Error(kind_of(code), sqlite3_errstr(code));
 }
 
-/// The absolute name of the file, which must exist. SQLite gives relative names such as ":memory:"
-/// a meaning of its own.
-std::string existing_file(const std::string& path) {
-  std::error_code failure;
-  const std::filesystem::path file = std::filesystem::absolute(path, failure);
-  const auto status = std::filesystem::status(file, failure);
-  if (std::filesystem::is_directory(status))
-    failure = std::make_error_code(std::errc::is_a_directory);
-  if (failure) throw Error(failure_kind::other, failure.message());
-  return file.string();
-}
-
 }  // namespace
 
-sqlite_database::sqlite_database(const std::string& path) {
+sqlite_database::sqlite_database(const std::string& path, access access) {
   try {
-    open(existing_file(path));
+    open(sqlite_name_of(path, access), access);
   } catch (const Error& failure) {
     throw Error(failure.kind(), path + ": " + failure.what());
   }
 }
 
-void sqlite_database::open(const std::string& path) {
+void sqlite_database::open(const std::string& name, access access) {
   sqlite3* handle = nullptr;
-  const int code =
-      sqlite3_open_v2(path.c_str(), &handle, SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr);
+  constexpr int flags = SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | SQLITE_OPEN_URI;
+  const int code = sqlite3_open_v2(name.c_str(), &handle, flags, nullptr);
   handle_.reset(handle);
   if (code != SQLITE_OK) refuse(code);
   check(sqlite3_extended_result_codes(handle, 1));
   check(sqlite3_busy_timeout(handle, busy_timeout_ms));
-  // SQLite opens a file that it may not write for reading, without an error.
-  if (sqlite3_db_readonly(handle, "main") == 1) refuse(SQLITE_READONLY);
+  // SQLite opens a file that it may not write for reading, without an error. A file that it may
+  // write is not opened with SQLITE_OPEN_READONLY to be read: a store in WAL mode would keep the
+  // two files that SQLite makes beside it.
+  if (access == access::reading)
+    run("PRAGMA query_only=ON");
+  else if (sqlite3_db_readonly(handle, "main") == 1)
+    refuse(SQLITE_READONLY);
   run("PRAGMA synchronous=FULL");
   // Opening reads nothing of the file: this statement does, and fails if it is no database.
   run("select count(*) from sqlite_schema");

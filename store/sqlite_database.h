@@ -6,6 +6,8 @@
 #include <string>
 #include <string_view>
 
+#include "store/connection_string.h"
+
 namespace ADODB {
 
 struct statement_deleter {
@@ -16,10 +18,10 @@ using sqlite_statement = std::unique_ptr<sqlite3_stmt, statement_deleter>;
 /// An open SQLite file. Used by one thread at a time. Every failure is an Error.
 class sqlite_database {
  public:
-  /// Opens the existing, writable file at `path` (UTF-8) and never makes one. A commit returns when
-  /// the disk has it; a lock of another program is waited for up to 5 seconds. The text of a
-  /// failure begins with the path.
-  explicit sqlite_database(const std::string& path);
+  /// Opens the existing file at `path` (UTF-8), which must be writable unless it is to be read, and
+  /// never makes one. A commit returns when the disk has it; a lock of another program is waited
+  /// for up to 5 seconds. The text of a failure begins with the path.
+  explicit sqlite_database(const std::string& path, access access = access::writing);
 
   /// Prepares the one statement that the text holds.
   [[nodiscard]] sqlite_statement prepare(std::string_view text);
@@ -44,7 +46,7 @@ class sqlite_database {
     void operator()(sqlite3* database) const { sqlite3_close_v2(database); }
   };
 
-  void open(const std::string& path);
+  void open(const std::string& name, access access);
 
   std::unique_ptr<sqlite3, closer> handle_;
 };

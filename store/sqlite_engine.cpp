@@ -94,11 +94,12 @@ int preparations_of(sqlite3_stmt* statement) {
 
 }  // namespace
 
-sqlite_engine::sqlite_engine(const std::string& path) : database_(path) {
+sqlite_engine::sqlite_engine(const std::string& path, access access) : database_(path, access) {
   try {
     // SQLite takes an empty file for an empty database, but it is what is left of some other file.
     if (database_.first_cell("PRAGMA page_count") == "0")
       throw Error(failure_kind::other, sqlite3_errstr(SQLITE_NOTADB));
+    if (access == access::reading) return;
     const bool is_store =
         !database_.first_cell("select 1 from sqlite_schema where name='seqno'").empty();
     if (is_store) use_wal_mode(database_);

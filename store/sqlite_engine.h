@@ -12,11 +12,12 @@
 namespace ADODB {
 
 /// SQLite behind a connection. A store, known by its table seqno, is switched to WAL mode for good,
-/// so that other programs can read it while one writes; any other database is opened as it is.
+/// so that other programs can read it while one writes; any other database is opened as it is, and
+/// so is a store that is opened for reading.
 class sqlite_engine : public engine {
  public:
   /// Opens the existing file at `path` (UTF-8).
-  explicit sqlite_engine(const std::string& path);
+  sqlite_engine(const std::string& path, access access);
 
   [[nodiscard]] result execute(const statement& statement) override;
   [[nodiscard]] result execute(std::string_view text) override;

@@ -1,4 +1,5 @@
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <fstream>
 #include <sstream>
@@ -6,6 +7,7 @@
 #include "store_failure.h"
 #include "test_store.h"
 #include "tool/store_commands.h"
+#include "without_rights.h"
 
 using namespace ADODB;
 
@@ -60,6 +62,50 @@ TEST(RuleStoreTool, TakesNoConnectionStringForTheNameOfAFile) {
   }
   for (const auto& file : std::filesystem::directory_iterator(folder_only.folder()))
     EXPECT_FALSE(file.path().filename().string().starts_with("new")) << file.path();
+}
+
+TEST(RuleStoreTool, ReadsWhereNothingCanBeWrittenAndLeavesNothingBehind) {
+  const harness::test_store folder_only;
+  const std::filesystem::path folder = folder_only.folder() / "100% #1?";
+  const std::string file = (folder / "new.db").string();
+  const std::string place = "Driver=SQLite;Database=" + file;
+  std::filesystem::create_directory(folder);
+  ASSERT_EQ(rule_store_with({"init", file, "--sample"}).code, 0);
+  ::chmod(folder_only.folder().c_str(), 0755);
+  const auto written = std::filesystem::last_write_time(file);
+  const auto expect_reading = [&](int file_mode, int folder_mode) {
+    ::chmod(file.c_str(), file_mode);
+    ::chmod(folder.c_str(), folder_mode);
+    const harness::without_rights meanwhile;
+    for (const char* command : {"check", "print"}) {
+      const outcome read = rule_store_with({command, place});
+      EXPECT_EQ(read.code, 0) << command << " " << file_mode << " " << read.errors;
+    }
+    const std::filesystem::directory_iterator files(folder);
+    EXPECT_EQ(std::distance(begin(files), end(files)), 1) << file_mode << " " << folder_mode;
+    EXPECT_EQ(std::filesystem::last_write_time(file), written);
+  };
+  expect_reading(0444, 0555);
+  expect_reading(0444, 0777);
+  expect_reading(0666, 0555);
+  expect_reading(0666, 0777);
+  // Somebody who writes has the two other files beside it.
+  Connection writer;
+  writer.Open(place);
+  writer.Execute("delete from seqno");
+  ::chmod(folder.c_str(), 0555);
+  const harness::without_rights meanwhile;
+  EXPECT_EQ(rule_store_with({"check", place}).code, 1);
+}
+
+TEST(RuleStoreTool, ReadsWhereTheServerTakesNoChanges) {
+  if (!harness::on_server()) return;
+  harness::test_store store;
+  store.run("alter database " + store.value("select current_database()") +
+            " set default_transaction_read_only=on");
+  EXPECT_EQ(rule_store_with({"check", store.connect_string()}).code, 0);
+  EXPECT_EQ(rule_store_with({"print", store.connect_string()}).code, 0);
+  EXPECT_EQ(rule_store_with({"check", store.connect_string(), "--repair"}).code, 2);
 }
 
 TEST(RuleStoreTool, ShowsItsUsageWhenCalledWrongly) {

@@ -1,16 +1,15 @@
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
 #include <chrono>
-#include <cstdlib>
 #include <fstream>
 #include <iterator>
 
 #include "store/key_counters.h"
 #include "store_failure.h"
 #include "test_store.h"
+#include "without_rights.h"
 
 using namespace ADODB;
 
@@ -31,19 +30,6 @@ void run_apart(const std::filesystem::path& file, const char* script) {
   EXPECT_EQ(sqlite3_exec(database, script, nullptr, nullptr, nullptr), SQLITE_OK);
   sqlite3_close(database);
 }
-
-/// File modes don't bind root: a test of them goes on as somebody else meanwhile.
-class without_rights {
- public:
-  without_rights() {
-    if (::geteuid() == 0 && ::seteuid(65534) != 0) throw std::runtime_error("seteuid");
-  }
-  without_rights(const without_rights&) = delete;
-  without_rights& operator=(const without_rights&) = delete;
-  ~without_rights() {
-    if (::seteuid(::getuid()) != 0) std::abort();
-  }
-};
 
 class SqliteEngine : public testing::Test {
  protected:
@@ -77,7 +63,7 @@ TEST_F(SqliteEngine, OpenFailsWhereItMayOnlyRead) {
   ::chmod(store.folder().c_str(), 0755);
   ::chmod(file("locked.db").c_str(), 0444);
   Connection other;
-  const without_rights meanwhile;
+  const harness::without_rights meanwhile;
   const Error failure =
       failure_of([&] { other.Open("Driver=SQLite;Database=" + file("locked.db").string()); });
   EXPECT_NE(std::string(failure.what()).find("locked.db: attempt to write a readonly"),

@@ -198,7 +198,7 @@ store_rows read_tables(ADODB::Connection& connection) {
 
 store_rows read_store(const std::string& connect_string) {
   ADODB::Connection connection;
-  connection.Open(connect_string);
+  connection.Open(connect_string, ADODB::access::reading);
   connection.BeginTrans();
   store_rows rows = read_tables(connection);
   connection.RollbackTrans();
