@@ -213,6 +213,19 @@ TEST(StoreCheck, FindsLinesOutOfShape) {
   });
 }
 
+// Stores of other programs may lack the primary keys.
+TEST(StoreCheck, FindsNumbersThatStandTwice) {
+  harness::test_store store;
+  fill(store);
+  rule_store::store_rows rows = rule_store::read_store(store.connect_string());
+  rows.titles.insert(rows.titles.begin(), rows.titles.front());
+  rows.rules.push_back(rows.rules.back());
+  rows.lines.push_back(rows.lines.back());
+  EXPECT_EQ(rule_store::faults_of(rows),
+            lines({"replace 1: its number stands twice", "replace_m 2/4: its number stands twice",
+                   "replace_m 2/2: 2 children", "replace_cond 2/1/3: its number stands twice"}));
+}
+
 /// What a repair of the store wrote, in the order in which it did.
 std::string repaired(const harness::test_store& store, int code) {
   std::ostringstream output, errors;

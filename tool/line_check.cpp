@@ -1,5 +1,6 @@
 #include <map>
 #include <optional>
+#include <tuple>
 #include <utility>
 
 #include "rules/text_limits.h"
@@ -179,7 +180,15 @@ class line_check {
 
 void check_lines(const store_rows& rows, row_report& faults) {
   const tested_fields tested = tested_by_conditions(rows);
+  const auto number = [](const line_row& line) {
+    return std::make_tuple(line.definition, line.condition, line.sno);
+  };
   for (const line_row& line : rows.lines) {
+    // Lines with the same number stand side by side.
+    if (&line != rows.lines.data() && number(*(&line - 1)) == number(line)) {
+      faults.add("replace_cond", {line.definition, line.condition, line.sno},
+                 "its number stands twice");
+    }
     line_check check(line, faults);
     check.check_owner(tested);
     check.check_numbers();
