@@ -183,6 +183,16 @@ TEST_F(TextCondition, AnEmptiedConditionBesideOthersGoesWithoutAQuestion) {
   EXPECT_EQ(rules(1, "replace_m_no"), (rows{"10", "11", "12", "13"}));
 }
 
+TEST_F(TextCondition, AConditionThatHadNoLinesGetsOneOrStaysAsItWas) {
+  store.run("delete from replace_cond");
+  edit_at("敬称", "氏名/", "cond_set", [] {
+    ok();
+    message("入力に誤りがあります。");
+    cancel();
+  });
+  EXPECT_EQ(conditions(1).size(), 2U);
+}
+
 TEST_F(TextCondition, DeletingARowThatIsJustBeingEmptiedTakesNoOther) {
   edit_at("敬称", condition, "cond_set", [] {
     click_cell(1, 5);

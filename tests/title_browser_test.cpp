@@ -185,12 +185,13 @@ TEST_F(TitleBrowser, MakesAndRenamesFolders) {
 }
 
 TEST_F(TitleBrowser, DeletesAFolderWithAllBelowItAndNothingElse) {
-  store.run("insert into replace_cond(replace_no,replace_cond_no,sno) values(5,1,1)");
+  store.run_all({"insert into replace_cond(replace_no,replace_cond_no,sno) values(5,1,1)",
+                 "insert into replace values(50,1,'C','定義の下',null,50)"});
   browse(store, [] {
     click_node("宛名");
     press("delf");
     question(sure, true);
-    EXPECT_EQ(tree_lines().size(), 7U);
+    EXPECT_EQ(tree_lines().size(), 8U);
     EXPECT_EQ(selected_node(), "");
     click_node("敬称");
     press("del");
