@@ -220,12 +220,12 @@ TEST_F(flex_grid, keeps_a_refused_cell_in_edit_whatever_would_take_it) {
   refuse_texts_longer_than(3);
   fg.Row(1);
   type("long");
-  const std::vector<std::function<void()>> deeds{
+  const std::vector<std::function<void()>> attempts{
       [] { key(Qt::Key_Return); }, [] { key(Qt::Key_Tab); },
       [this] { QTest::mouseClick(&ok_button(), Qt::LeftButton); }, [this] { click(2, method); },
       [this] { EXPECT_FALSE(fg.commit_edit()); }};
-  for (const auto& deed : deeds) {
-    answering("too long", deed);
+  for (const auto& attempt : attempts) {
+    answering("too long", attempt);
     EXPECT_TRUE(in_edit() && editor().hasFocus());
     EXPECT_EQ(cell(), "1,1");
   }
