@@ -36,37 +36,47 @@ class composition_watch : public QObject {
  public:
   composition_watch() { qApp->installEventFilter(this); }
 
-  void finish();
+  void finish(bool window_is_left = false);
 
  protected:
   bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
+  /// One that is no longer shown is withdrawn, by the user's Esc or because another program's
+  /// window took the focus, of which this program learns later. A key that is let go of tells that
+  /// it was the user. Either way one input method keeps the text and sends it when asked to commit.
+  enum class state { none, shown, withdrawn, given_up };
+
   bool is_dropped(QObject& receiver, const QInputMethodEvent& event);
 
-  QPointer<QObject> control_;  // the one being composed in, null if none is
+  state state_ = state::none;
+  QPointer<QObject> control_;
   QString half_composed_;
-  QString last_;           // the text of the last composition, in case it is sent again
-  bool given_up_ = false;  // its text may still be sent when the input method is asked to commit
+  QString last_;                       // the text of the last composition, in case it is sent again
   const QEvent* finishing_ = nullptr;  // the event that ends a composition, while it is ended
 };
 
-void composition_watch::finish() {
-  if (!control_ && !given_up_) return;
+void composition_watch::finish(bool window_is_left) {
+  const state before = std::exchange(state_, state::none);
+  if (before == state::none) return;
+  const bool kept = before == state::shown || (before == state::withdrawn && window_is_left);
   QInputMethodEvent end;
-  finishing_ = &end;
-  given_up_ = false;
   last_ = half_composed_;
-  if (const QPointer<QObject> control = std::exchange(control_, nullptr)) {
-    if (!control->property(drops_property).toBool()) end.setCommitString(last_);
-    QCoreApplication::sendEvent(control, &end);
+  finishing_ = &end;
+  if (kept && control_) {
+    if (!control_->property(drops_property).toBool()) end.setCommitString(last_);
+    QCoreApplication::sendEvent(control_, &end);
   }
   QGuiApplication::inputMethod()->reset();
   finishing_ = nullptr;
 }
 
 bool composition_watch::eventFilter(QObject* receiver, QEvent* event) {
-  if (leaves_control(*event)) finish();
+  const bool key = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+  if (key && state_ == state::withdrawn) state_ = state::given_up;
+  if (leaves_control(*event)) {
+    finish(event->type() == QEvent::FocusAboutToChange && receiver->isWindowType());
+  }
   return event->type() == QEvent::InputMethod &&
          is_dropped(*receiver, *static_cast<QInputMethodEvent*>(event));
 }
@@ -74,17 +84,18 @@ bool composition_watch::eventFilter(QObject* receiver, QEvent* event) {
 bool composition_watch::is_dropped(QObject& receiver, const QInputMethodEvent& event) {
   if (finishing_) return &event != finishing_;
   const QString& committed = event.commitString();
-  const bool composing = !event.preeditString().isEmpty();
-  if (!composing && !committed.isEmpty()) {
-    if (committed == last_) return true;
-    last_ = control_ ? committed : QString();
-  }
-  if (composing) {
+  if (!event.preeditString().isEmpty()) {
+    state_ = state::shown;
+    control_ = &receiver;
     half_composed_ = event.preeditString();
     last_.clear();
+  } else if (committed.isEmpty()) {
+    if (state_ == state::shown) state_ = state::withdrawn;
+  } else {
+    if (committed == last_) return true;
+    last_ = state_ == state::shown ? committed : QString();
+    state_ = state::none;
   }
-  given_up_ = !composing && committed.isEmpty() && (control_ || given_up_);
-  control_ = composing ? &receiver : nullptr;
   return false;
 }
 

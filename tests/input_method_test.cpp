@@ -144,6 +144,13 @@ TEST_P(InputMethod, LeavesWhatTheUserSeesInABoxOnce) {
   click(SSTree1);
   EXPECT_EQ(Text1.text(), "とうきょうえき");
   EXPECT_EQ(clicked, "東京") << "what comes late is no search in the tree";
+
+  Text1.set_focus();
+  method.type("と");
+  method.type("");
+  QFocusEvent leave(QEvent::FocusAboutToChange);
+  QCoreApplication::sendEvent(Text1.peer().widget->window()->windowHandle(), &leave);
+  EXPECT_EQ(Text1.text(), "とうきょうえきと") << "another program's window took it away";
 }
 
 TEST_P(InputMethod, StartsOnACellAndEndsInIt) {

@@ -227,7 +227,8 @@ def start_method():
         if not try_case("[一覧]<alt+1>{置換フォルダの作成}ka[OK]",
                         "select title from replace where kind='F'", ["か"], 1):
             return processes
-    sys.exit(f"FAILED {METHOD}: does not compose")
+    print("FAILED", METHOD + ": does not compose", flush=True)
+    sys.exit(1)
 
 
 def main():
