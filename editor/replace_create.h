@@ -100,6 +100,7 @@ class replace_create {
   void exit();
   void exit_untitled();
   [[nodiscard]] bool store_title();
+  [[nodiscard]] static bool may_leave_unsaved(const ADODB::Error& failure);
 
   struct title_fields {
     std::string title;

@@ -45,9 +45,9 @@ void replace_create::init_tree() {
   add_rule_nodes();
 }
 
-// Every row that this editor writes comes after its parent, and the otherwise branch last. What other
-// programs wrote may not: such rows wait until the others are there, and those that no parent comes
-// for are left out.
+// Every row that this editor writes comes after its parent, and the otherwise branch last. What
+// other programs wrote may not: such rows wait until the others are there, and those that no parent
+// comes for are left out.
 void replace_create::add_rule_nodes() {
   auto& rows = shared().basCopyRs;
   std::vector<ADODB::Recordset> waiting;

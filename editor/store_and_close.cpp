@@ -1,3 +1,5 @@
+#include <algorithm>
+
 #include "editor/replace_create.h"
 #include "platform/messages.h"
 #include "rules/row_checks.h"
@@ -59,8 +61,20 @@ void replace_create::exit() {
     }
   } catch (const vanished_row& gone) {
     platform::message(gone.what());  // there is nothing left to edit
+  } catch (const ADODB::Error& failure) {
+    if (!may_leave_unsaved(failure)) return;
   }
   window.unload();
+}
+
+/// A store that stays out of reach or takes no more must not keep the user in the editor.
+bool replace_create::may_leave_unsaved(const ADODB::Error& failure) {
+  using enum ADODB::failure_kind;
+  const auto reasons = {busy, lost_connection, read_only, full};
+  if (std::ranges::find(reasons, failure.kind()) == reasons.end()) throw failure;
+  return platform::ask(
+      "タイトルと備考を保存できませんでした。保存せずに閉じてもよろしいですか\n\n" +
+      std::string(failure.what()));
 }
 
 /// False if another program has changed what the user is about to write over; the next call does
@@ -70,6 +84,7 @@ bool replace_create::store_title() {
   auto& state = shared();
   const bool typed = Text1.text() != loaded_.shown_title || Text2.text() != loaded_.shown_remark;
   const title_fields wanted = wanted_fields();
+  if (!typed && wanted == loaded_.stored) return true;
   bool done = true;
   in_transaction(state.conn, [&] {
     hold_title_row(state.conn, up_replace_no);

@@ -19,9 +19,15 @@ failure_kind kind_of(int code) {
     case SQLITE_CONSTRAINT_UNIQUE:
     case SQLITE_CONSTRAINT_ROWID:
       return failure_kind::refused_by_key;
+    case SQLITE_CONSTRAINT_CHECK:
+    case SQLITE_CONSTRAINT_NOTNULL:
+      return failure_kind::refused_by_check;
     case SQLITE_BUSY_SNAPSHOT:
       return failure_kind::stale;
+    case SQLITE_FULL:
+      return failure_kind::full;
     default:
+      if ((code & 0xff) == SQLITE_READONLY) return failure_kind::read_only;
       return is_busy(code) ? failure_kind::busy : failure_kind::other;
   }
 }

@@ -32,6 +32,9 @@ inline void PrintTo(const swept_command& command, std::ostream* out) {
 /// Each command of the browser, the editor and the dialogs, on the common rules.
 [[nodiscard]] std::vector<swept_command> swept_commands();
 
+/// Whether the goal holds, however often.
+[[nodiscard]] bool is_reached(const swept_command& command, ADODB::Connection& conn);
+
 /// What goes wrong, and how it is brought about.
 struct trouble {
   std::string name;

@@ -122,4 +122,9 @@ std::vector<swept_command> swept_commands() {
                 at("不明", "del_set"))};
 }
 
+bool is_reached(const swept_command& command, ADODB::Connection& conn) {
+  const ADODB::Recordset found = conn.Execute(command.goal);
+  return !found.eof() && found.Fields().Item(0).Value().number() > 0;
+}
+
 }  // namespace harness

@@ -1,0 +1,65 @@
+#include "paired_user.h"
+
+#include <QAbstractButton>
+#include <QMessageBox>
+#include <algorithm>
+#include <cstdio>
+
+#include "store/connection.h"
+#include "user.h"
+
+namespace harness {
+
+void paired_user::work(const std::string& connect_string, const std::function<bool()>& is_done) {
+  is_done_ = is_done;
+  play([&] { show_browser(connect_string); });
+}
+
+void paired_user::take_turn(QWidget& top) {
+  const std::string window = name_of(&top);
+  note(window);
+  has_begun_ = has_begun_ || window == command_.window;
+  if (has_begun_ && ++turns_ == stop) at_stop();
+  if (turns_ > 60) give_up("never ends");
+  if (qobject_cast<QMessageBox*>(&top)) return read(top);
+  leaves_ = leaves_ || is_done_();
+  leaves_ ? leave(top) : do_step(top);
+}
+
+void paired_user::do_step(QWidget& top) {
+  try {
+    command_.steps.at(name_of(&top))();
+  } catch (const std::exception&) {
+    // The other user has taken away what the step needs.
+    found_nothing_ = true;
+    leaves_ = true;
+    leave(top_window());
+  }
+}
+
+void paired_user::read(QWidget& message) {
+  const std::string text = name_of(&message);
+  auto& box = static_cast<QMessageBox&>(message);
+  const bool is_question = box.buttons().size() > 1;
+  was_asked_ = was_asked_ || is_question;
+  if (!is_question && text != "設定完了！") {
+    messages_.push_back(text);
+    leaves_ = true;
+  }
+  box.button(QMessageBox::Ok)->click();
+}
+
+int do_command(const std::vector<std::string>& arguments) {
+  const auto commands = swept_commands();
+  const auto command = std::ranges::find(commands, arguments.at(0), &swept_command::name);
+  const std::string& connect_string = arguments.at(1);
+  ADODB::Connection conn;
+  conn.Open(connect_string);
+  paired_user user(*command);
+  user.work(connect_string, [&] { return is_reached(*command, conn); });
+  for (const std::string& text : user.messages()) std::puts(text.c_str());
+  if (user.found_nothing()) std::puts("what the command needs is not shown");
+  return 0;
+}
+
+}  // namespace harness
