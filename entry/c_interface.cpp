@@ -22,13 +22,13 @@ void remember(ta_vorlumine_editor& editor, const char* failure) noexcept {
   }
 }
 
-/// The boundary to the host: runs `deed` and gives the code that tells how it ended.
-template <class Deed>
-int guarded(ta_vorlumine_editor* editor, Deed deed) noexcept {
+/// The boundary to the host: runs `work` and gives the code that tells how it ended.
+template <class Work>
+int guarded(ta_vorlumine_editor* editor, Work work) noexcept {
   if (!editor) return 1;
   editor->last_failure = "";
   try {
-    deed();
+    work();
     return 0;
   } catch (const std::bad_alloc&) {
     editor->last_failure = "out of memory";

@@ -78,7 +78,7 @@ void Form::show() {
 void Form::unload() {
   if (!window_ || unloading_) return;
   unloading_ = true;
-  // The window goes in any case: a form that could not say good-bye must not stay on top.
+  // The window goes even if on_unload fails: else it would stay on top of all others.
   struct ending {
     Form& form;
     ~ending() {

@@ -22,6 +22,9 @@ void paired_user::take_turn(QWidget& top) {
   if (has_begun_ && ++turns_ == stop) at_stop();
   if (turns_ > 60) give_up("never ends");
   if (qobject_cast<QMessageBox*>(&top)) return read(top);
+  // A copy can't be left under the title of its source.
+  const bool is_title_taken = !messages_.empty() && messages_.back().starts_with("そのタイトル");
+  if (is_title_taken && window == "replace_create") type("Text1", "別");
   leaves_ = leaves_ || is_done_();
   leaves_ ? leave(top) : do_step(top);
 }
