@@ -84,7 +84,10 @@ bool replace_create::store_title() {
   auto& state = shared();
   const bool typed = Text1.text() != loaded_.shown_title || Text2.text() != loaded_.shown_remark;
   const title_fields wanted = wanted_fields();
-  if (!typed && wanted == loaded_.stored) return true;
+  if (!typed && wanted == loaded_.stored) {
+    require_title_row(state.conn, up_replace_no);
+    return true;
+  }
   bool done = true;
   in_transaction(state.conn, [&] {
     hold_title_row(state.conn, up_replace_no);

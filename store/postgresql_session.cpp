@@ -99,8 +99,9 @@ failure_kind kind_of(std::string_view state) {
   if (state == "23505") return failure_kind::refused_by_key;
   if (state == "40001" || state == "40P01") return failure_kind::stale;
   if (state == "55P03" || state == "57014") return failure_kind::busy;
-  if (state == "23514" || state == "23502" || state == "22P02")
+  if (state == "23514" || state == "23502" || state == "42804" || state.starts_with("22")) {
     return failure_kind::refused_by_check;
+  }
   if (state == "25006") return failure_kind::read_only;
   if (state == "53100") return failure_kind::full;
   return failure_kind::other;

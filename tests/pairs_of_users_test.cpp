@@ -6,7 +6,6 @@
 #include <cstdio>
 #include <cstdlib>
 
-#include "common_rules.h"
 #include "paired_user.h"
 #include "random_walk.h"
 
@@ -35,7 +34,7 @@ texts do_all_of(const swept_command& command, const test_store& store) {
 bool play_pair(const swept_command& held, int stop, const swept_command& other) {
   SCOPED_TRACE(held.name + ", held at stop " + std::to_string(stop) + ", against " + other.name);
   test_store store;
-  add_common_rules(store);
+  store.run_script("common_rules.sql");
   ADODB::Connection conn;
   conn.Open(store.connect_string());
   paired_user user(held);

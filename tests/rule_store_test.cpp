@@ -141,7 +141,8 @@ TEST(Schema, RefusesWhatNoProgramMayStore) {
         line + "d_f_val) values(1,1,1,'2005/02/31')", line + "d_f_val) values(1,1,1,'2005/2/3')",
         line + "d_t_val) values(1,1,1,'2005/02-03')", line + "d_t_val) values(1,1,1,'2005-13-01')",
         line + "d_t_val) values(1,1,1,'2005102103')", line + "b_val) values(1,1,1,2)"})
-    EXPECT_EQ(failure_of([&] { store.run(statement); }).kind(), failure_kind::other) << statement;
+    EXPECT_EQ(failure_of([&] { store.run(statement); }).kind(), failure_kind::refused_by_check)
+        << statement;
   store.run_all({line + "d_f_val,d_t_val) values(1,1,1,'2004/02/29','2004.02.29')",
                  line + "s_method,use_type) values(1,1,2,'9','?')",
                  "insert into replace_m(replace_no,replace_m_no,replace_cond_type) values(1,1,0)",
