@@ -47,6 +47,7 @@ class stand_in : public QPlatformInputContext {
     send(QGuiApplication::focusObject(), {}, whole);
     half_.clear();
   }
+  [[nodiscard]] bool has_forgotten() const { return half_.isEmpty(); }
   static bool is_let_in() {
     return QGuiApplication::inputMethod()->queryFocusObject(Qt::ImEnabled, {}).toBool();
   }
@@ -135,6 +136,7 @@ TEST_P(InputMethod, LeavesWhatTheUserSeesInABoxOnce) {
   Text1.set_focus();
   method.type("とう");
   EXPECT_EQ(Text1.text(), "とう");
+  EXPECT_TRUE(method.has_forgotten()) << "the next letter would bring it again";
   method.type("きょう");
   click(Command1);
   EXPECT_EQ(seen, "とうきょう");
