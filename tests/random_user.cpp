@@ -42,7 +42,7 @@ void random_user::note(const std::string& action) {
 void random_user::pick(const std::vector<choice>& choices) {
   std::size_t sum = 0;
   for (const auto& [weight, action] : choices) sum += weight;
-  int number = static_cast<int>(below(sum));
+  int number = below(static_cast<int>(sum));
   for (const auto& [weight, action] : choices) {
     if (number < weight) return action();
     number -= weight;

@@ -35,7 +35,7 @@ class random_user : public window_player {
   void do_something(QWidget& top);
   void go(QWidget& top);
   void answer(QWidget& box);
-  void use_file_dialog(QWidget& dialog);
+  void use_file_dialog(QWidget& top);
 
   void press_any();
   void type_any();
@@ -47,10 +47,10 @@ class random_user : public window_player {
   void close_by_frame(QWidget& top);
 
   void pick(const std::vector<choice>& choices);
-  std::size_t below(std::size_t bound) { return random_() % bound; }
+  int below(int bound) { return static_cast<int>(random_() % static_cast<unsigned>(bound)); }
   template <class List>
   const auto& any_of(const List& list) {
-    return list[below(list.size())];
+    return list[random_() % list.size()];
   }
   std::string any_text(bool of_grid);
 

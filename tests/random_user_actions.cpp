@@ -73,7 +73,7 @@ void random_user::choose_any() {
 
 // The edit of a cell is taken by a key, or left open for what comes next.
 void random_user::use_grid() {
-  const std::size_t rows = grid().model()->rowCount();
+  const int rows = grid().model()->rowCount();
   if (rows == 0 || below(10) == 0) {
     note("clicks somewhere into the grid");
     QWidget& area = *grid().viewport();

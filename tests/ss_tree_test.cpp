@@ -92,8 +92,8 @@ TEST_F(ss_tree, keeps_nodes_by_key_and_in_the_order_of_adding) {
   EXPECT_EQ(tree.Nodes.Item(5).Key(), "a1");
   EXPECT_EQ(item("a1").Position(), 5U);
   EXPECT_EQ(item("a1").Text() + item("a1").Tag() + item("0").Tag(), "a1tr");
-  EXPECT_THROW(tree.Nodes.Item(0), std::runtime_error);
-  EXPECT_THROW(tree.Nodes.Item(7), std::runtime_error);
+  EXPECT_THROW(static_cast<void>(tree.Nodes.Item(0)), std::runtime_error);
+  EXPECT_THROW(static_cast<void>(tree.Nodes.Item(7)), std::runtime_error);
   EXPECT_THROW(tree.Nodes.AddChild("b", "a1", "taken"), std::runtime_error);
   EXPECT_THROW(tree.Nodes.AddChild("x", "new", "of none"), std::runtime_error);
   EXPECT_EQ(tree.Nodes.Count(), 6U);
