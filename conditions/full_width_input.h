@@ -11,8 +11,8 @@ namespace ta_vorlumine {
 /// as it is.
 [[nodiscard]] std::string plain_number(std::string_view text);
 
-/// The text with plain digits, and `separator` for "／" and "・", the two that an input method makes
-/// of "/".
+/// The text with plain digits, and `separator` for "／" and "・", the two that an input method
+/// makes of "/".
 [[nodiscard]] std::string plain_date(std::string_view text, char separator);
 
 }  // namespace ta_vorlumine

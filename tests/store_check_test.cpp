@@ -2,6 +2,7 @@
 
 #include <fstream>
 #include <sstream>
+#include <utility>
 
 #include "test_store.h"
 #include "tool/print_text.h"
@@ -43,27 +44,25 @@ std::string rule(const std::string& changes, int no) {
   return "update replace_m set " + changes + " where replace_m_no=" + std::to_string(no);
 }
 
-/// Changes the first line of its kind.
-std::string line(const std::string& changes, char use_type) {
-  return "update replace_cond set " + changes + " where sno=1 and use_type='" + use_type + "'";
-}
-
-/// What a statement breaks in a store that was in order before.
-struct damage {
-  std::string statement;
-  lines faults;
-};
-
-void expect_faults(const std::vector<damage>& damages) {
+/// Each statement of the file breaks a store that was in order before; the indented lines below it
+/// are the faults that are found then.
+void expect_damages_found(const std::string& name) {
   harness::test_store store;
   store.ignore_checks();
-  for (const damage& damage : damages) {
+  std::ifstream file(PROJECT_ROOT "/tests/" + name);
+  std::string statement;
+  std::getline(file, statement);
+  while (!statement.empty()) {
     for (const char* table : {"replace", "replace_m", "replace_cond", "field", "seqno"})
       store.run(std::string("delete from ") + table);
     store.run("insert into seqno values(0,0,0)");
     fill_all(store);
-    store.run(damage.statement);
-    EXPECT_EQ(faults_in(store), damage.faults) << damage.statement;
+    store.run(statement);
+    lines expected;
+    std::string next;
+    while (std::getline(file, next) && next.starts_with("  ")) expected.push_back(next.substr(2));
+    EXPECT_EQ(faults_in(store), expected) << statement;
+    statement = std::exchange(next, {});
   }
 }
 
@@ -83,134 +82,10 @@ TEST(StoreCheck, FindsNothingInAStoreInOrder) {
   EXPECT_EQ(faults_in(store), lines());
 }
 
-TEST(StoreCheck, FindsTitlesAndCountersOutOfShape) {
-  expect_faults({
-      {title("p_replace_no=9", 1), {"replace 1: its folder 9 does not exist"}},
-      {title("p_replace_no=null", 1), {"replace 1: its folder null does not exist"}},
-      {title("p_replace_no=2", 1),
-       {"replace 1: lies under 2, which is no folder",
-        "replace 1: lies in a loop: 1 under 2 under 1"}},
-      {title("kind='X'", 1),
-       {"replace 1: unknown kind \"X\"", "replace 2: lies under 1, which is no folder"}},
-      {title("title='" + std::string(101, 'x') + "'", 1), {"replace 1: a title of 101 characters"}},
-      {title("replace_m_no=1", 1), {"replace 1: a folder with the rule number 1"}},
-      {title("comment=' '", 1), {"replace 1: a folder with the remark \" \""}},
-      {"update replace set title='氏名' where replace_no in (1,2)",
-       {"replace 2: has the name of a field as its title, \"氏名\""}},
-      {title("replace_m_no=null", 4), {"replace 4: reserves no number for its top field"}},
-      {title("replace_m_no=15", 4),
-       {"replace 4: reserves the number 15 for its top field, far ahead of 13, the last one "
-        "drawn"}},
-      {title("replace_no=32768", 4),
-       {"replace 32768: its number lies outside 1 to 32767",
-        "seqno: replace is 4, behind the number 32768 in use"}},
-      {"update seqno set replace=1,replace_m=3,replace_cond=0",
-       {"seqno: replace is 1, behind the number 4 in use",
-        "seqno: replace_m is 3, behind the number 13 in use",
-        "seqno: replace_cond is 0, behind the number 4 in use"}},
-      {"update seqno set replace_m=32768",
-       {"seqno: replace_m is 32768, above 32767, the highest number"}},
-      {"delete from seqno", {"seqno: 0 rows instead of one"}},
-      {"insert into seqno values(9,99,9)", {"seqno: 2 rows instead of one"}},
-  });
-}
-
-TEST(StoreCheck, FindsRuleTreesOutOfShape) {
-  expect_faults({
-      {"insert into replace_m(replace_no,replace_m_no) values(9,1)",
-       {"replace_m 9/1: its definition does not exist"}},
-      {rule("p_replace_m_no=9", 4), {"replace_m 2/4: its parent 9 does not exist"}},
-      {rule("p_replace_m_no=2", 1),
-       {"replace_m 2/1: a lower number than its parent 2", "replace_m 2/2: 2 children",
-        "replace_m 2/1: lies in a loop: 1 under 2 under 1"}},
-      {rule("p_replace_m_no=0", 4), {"replace 2: 2 top rows"}},
-      {title("replace_m_no=7", 2), {"replace_m 2/1: the top field, for which 7 is reserved"}},
-      {rule("p_replace_m_no=1", 4), {"replace_m 2/4: \"R\" under 1, which is \"F\""}},
-      {rule("field_id='X'", 1), {"replace_m 2/1: there is no field \"X\""}},
-      {rule("use_type='X'", 4), {"replace_m 2/4: unknown use_type \"X\""}},
-      {"delete from replace_m where replace_m_no=3",
-       {"replace_m 2/1: 1 conditions and 0 otherwise rows"}},
-      {rule("replace_cond_type='2'", 3),
-       {"replace_m 2/1: 2 conditions and 0 otherwise rows",
-        "replace_m 2/3: unknown replace_cond_type \"2\"",
-        "replace_m 2/3: a condition without lines"}},
-      {rule("replace_cond_type='0',replace_cond_no=1", 3),
-       {"replace_m 2/1: 2 conditions and 0 otherwise rows",
-        "replace_m 2/3: shares its lines with condition 2"}},
-      {rule("replace_cond_no=1", 3),
-       {"replace_m 2/3: has the condition number 1, but is no condition with lines"}},
-      {rule("replace_m_no=32768", 4),
-       {"replace_m 2/32768: its number lies outside 1 to 32767",
-        "seqno: replace_m is 13, behind the number 32768 in use"}},
-      {"insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,replace_cond_type,"
-       "replace_cond_no) values(3,1,11,'C','0',5)",
-       {"replace_m 3/1: a lower number than its parent 11",
-        "replace_m 3/1: a condition without lines",
-        "replace_m 3/11: a yes/no field with 2 conditions",
-        "seqno: replace_cond is 4, behind the number 5 in use"}},
-      {rule("replace_title=''", 4), {"replace_m 2/4: a value without a title"}},
-      {rule("r_text=null", 4), {"replace_m 2/4: a value without content"}},
-      {rule("replace_type='T',r_text_filename=' '", 4), {"replace_m 2/4: a value without content"}},
-      {rule("replace_type='X'", 4), {"replace_m 2/4: unknown replace_type \"X\""}},
-      {rule("replace_type='F',r_field_id='X'", 4), {"replace_m 2/4: there is no field \"X\""}},
-      {rule("replace_type='F',r_field_id='T1'", 4),
-       {"replace_m 2/4: its title \"title\" is not \"氏名\", the name of its field"}},
-  });
-}
-
-TEST(StoreCheck, FindsLinesOutOfShape) {
-  std::string text;
-  for (int i = 0; i < 101; ++i) text += "長";
-  expect_faults({
-      {"delete from replace_cond where replace_no=2", {"replace_m 2/2: a condition without lines"}},
-      {new_line + "s_val,s_method) values(1,1,1,'S','a',1)",
-       {"replace_cond 1/1/1: no condition points to it"}},
-      {line("sno=0", 'S'), {"replace_cond 2/1/0: its number lies outside 1 to 32767"}},
-      {line("use_type='Z'", 'S'),
-       {"replace_cond 2/1/1: \"Z\" for a field with the attr \"T\"",
-        "replace_cond 2/1/1: unknown use_type \"Z\""}},
-      {rule("field_id='D1'", 1),
-       {"replace_cond 2/1/1: \"S\" for a field with the attr \"D\"",
-        "replace_cond 2/1/3: \"S\" for a field with the attr \"D\""}},
-      {"update field set attr='M' where attr='T'", {}},
-      {line("s_val='" + text + "'", 'S'), {"replace_cond 2/1/1: an s_val of 101 characters"}},
-      {line("s_val=''", 'S'), {"replace_cond 2/1/1: a text line without a text"}},
-      {line("s_val=null", 'S'), {"replace_cond 2/1/1: a text line without a text"}},
-      {line("s_method=4", 'S'), {"replace_cond 2/1/1: unknown s_method \"4\""}},
-      {line("d_f_val='2024/01/01'", 'S'),
-       {"replace_cond 2/1/1: a line of the use_type \"S\" that also holds a date"}},
-      {line("n_t_method=1,b_val=false", 'S'),
-       {"replace_cond 2/1/1: a line of the use_type \"S\" that also holds a number",
-        "replace_cond 2/1/1: a line of the use_type \"S\" that also holds an answer"}},
-      {line("n_f_val=null,n_t_val=null", 'N'),
-       {"replace_cond 3/2/1: neither a lower nor an upper bound"}},
-      {line("n_f_val=null", 'N'), {"replace_cond 3/2/1: a n_f_method without a n_f_val"}},
-      {line("n_f_method=3,n_t_method=null", 'N'),
-       {"replace_cond 3/2/1: unknown n_f_method \"3\"",
-        "replace_cond 3/2/1: unknown n_t_method \"\""}},
-      {line("n_t_val=9", 'N'),
-       {"replace_cond 3/2/1: nothing lies between its bounds \"9.5\" and \"9\""}},
-      {line("n_t_val=9.5", 'N'), {}},
-      {line("s_val='a',s_method=1", 'N'),
-       {"replace_cond 3/2/1: a line of the use_type \"N\" that also holds a text"}},
-      {line("d_f_val='2023/02/29'", 'D'),
-       {"replace_cond 3/3/1: d_f_val \"2023/02/29\" is no date"}},
-      {line("d_t_val='0000/01/01'", 'D'),
-       {"replace_cond 3/3/1: d_t_val \"0000/01/01\" is no date"}},
-      {line("d_f_method=2", 'D'), {}},
-      {line("d_f_method=2,d_t_method=2", 'D'),
-       {"replace_cond 3/3/1: nothing lies between its bounds \"2024/02/28\" and \"2024/02/29\""}},
-      {line("b_val=null", 'B'), {"replace_cond 3/4/1: a yes/no line without an answer"}},
-      {new_line + "b_val) values(3,4,2,'B',false)", {"replace_m 3/12: 2 lines for a yes/no field"}},
-  });
+TEST(StoreCheck, FindsEveryKindOfDamage) {
+  expect_damages_found("damages.txt");
   // What the columns' types on a server don't take.
-  if (harness::on_server()) return;
-  expect_faults({
-      {line("n_f_val='abc'", 'N'), {"replace_cond 3/2/1: n_f_val \"abc\" is no number"}},
-      {line("n_t_val=9e999", 'N'), {"replace_cond 3/2/1: n_t_val \"inf\" is no number"}},
-      {line("b_val=7", 'B'), {"replace_cond 3/4/1: b_val \"7\" is neither yes nor no"}},
-      {rule("p_replace_m_no='a'", 4), {"replace_m 2/4: its parent no number does not exist"}},
-  });
+  if (!harness::on_server()) expect_damages_found("damages_of_files.txt");
 }
 
 // Stores of other programs may lack the primary keys.
