@@ -78,12 +78,16 @@ void fault_trial::do_step(const std::string& window) {
 }
 
 void fault_trial::read(QMessageBox& box) {
-  const std::string text = way.back();
+  std::string text = way.back();
+  const std::string leaving =
+      "タイトルと備考を保存できませんでした。保存せずに閉じてもよろしいですか\n\n";
+  const bool may_leave = text.starts_with(leaving);
+  if (may_leave) text.erase(0, leaving.size());
   if (has_failed() && !std::exchange(has_read_, true)) was_told = faults_->tells(text);
   // The yes/no dialog says so before its last statements; what fails then is told afterwards.
   const bool is_early = command_->steps.contains("r_yesno_cond");
   was_deceived = was_deceived || (text == "設定完了！" && !is_early && !is_done());
-  box.button(QMessageBox::Ok)->click();
+  box.button(may_leave && is_patient_ ? QMessageBox::Cancel : QMessageBox::Ok)->click();
 }
 
 // The editor stays until the title is stored.
