@@ -13,25 +13,8 @@ FOLDER = os.path.dirname(os.path.abspath(__file__))
 STORE = os.path.abspath("store.db")
 HOST = [FOLDER + "/vorlumine_host", f"Driver=SQLite;Database={STORE}"]
 
-CONTENT = """
-insert into field values('F1','氏名','T'),('F2','人数','N'),('F3','来店日','D'),
-  ('F4','東京支店','T'),('F5','大阪支店','T');
-insert into replace values(1,0,'C','文字','控え',1),(2,0,'C','数',' ',4),(3,0,'C','日付',' ',7),
-  (4,0,'C','東京の宛名',' ',0),(5,0,'C',printf('%.98c','a'),' ',10),(6,0,'C','大阪の宛名',' ',0);
-insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id,replace_cond_type,
-    replace_cond_no) values
-  (1,1,0,'F','F1',null,null),(1,2,1,'C',null,'0',1),(1,3,1,'C',null,'1',null),
-  (2,4,0,'F','F2',null,null),(2,5,4,'C',null,'0',2),(2,6,4,'C',null,'1',null),
-  (3,7,0,'F','F3',null,null),(3,8,7,'C',null,'0',3),(3,9,7,'C',null,'1',null),
-  (5,10,0,'F','F1',null,null),(5,11,10,'C',null,'0',4),(5,12,10,'C',null,'1',null);
-insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_val,s_method) values
-  (1,1,1,'S','old',2),(1,1,2,'S','kept',1),(5,4,1,'S',printf('%.98c','a'),1);
-insert into replace_cond(replace_no,replace_cond_no,sno,use_type,n_f_val,n_f_method)
-  values(2,2,1,'N',7,1);
-insert into replace_cond(replace_no,replace_cond_no,sno,use_type,d_f_val,d_f_method)
-  values(3,3,1,'D','2020/02/02',1);
-update seqno set replace=6,replace_m=12,replace_cond=4;
-"""
+with open(FOLDER + "/content.sql") as script:
+    CONTENT = script.read()
 
 # Where things are, in pixels from the window's corner, negative ones from the corner across.
 PLACES = {
@@ -41,72 +24,23 @@ PLACES = {
 }
 KEYS = {"-": "minus", "/": "slash", ",": "comma", ".": "period"}
 
-NEW = "[一覧]<alt+4>{置換の設定}"
-FIRST = "<Down><Return>{置換の設定}"
-CONDITION = "[条件]<alt+2>{置換条件の設定}"
-TEXTS = FIRST + CONDITION
-NUMBERS = "<Down><Down><Return>{置換の設定}" + CONDITION
-DATES = "<Down><Down><Down><Return>{置換の設定}" + CONDITION
-FIELDS = "<Down><Down><Down><Down><Return>{置換の設定}[条件設定]<alt+1>{ﾃﾞｰﾀﾍﾞｰｽ項目の設定}"
-LONG = "<Down><Down><Down><Down><Down><Return>{置換の設定}"
 
-TITLE = "select title from replace where replace_no=1"
-LINES = "select coalesce(s_val,n_f_val,d_f_val),coalesce(s_method,n_f_method,d_f_method) " \
-        "from replace_cond where replace_no=%d order by replace_cond_no,sno"
-STORED = ["old|2", "kept|1"]
+def read_cases():
+    """The cases of cases.txt, each its name, what is typed, a look-up and the rows wanted."""
+    names, cases = {}, []
+    with open(FOLDER + "/cases.txt") as table:
+        for line in filter(lambda line: line and line[0] != "#", table.read().split("\n")):
+            text = re.sub(r"\$([A-Z]+)", lambda found: names[found[1]], line.strip())
+            if line.startswith("  "):
+                cases[-1].append(text)
+            elif name := re.match(r"([A-Z]+) = ", line):
+                names[name[1]] = text[name.end():]
+            else:
+                cases.append([text])
+    return [(what, road, select, wanted) for what, road, select, *wanted in cases]
 
-# What is typed: letters as they are, <keys>, [presses of the pointer], {windows that come up}.
-CASES = [
-    ("title, 閉じる", FIRST + "<End>mei[閉じる]", TITLE, ["文字めい"]),
-    ("title, frame", FIRST + "<End>mei<alt+F4>", TITLE, ["文字めい"]),
-    ("title of a new definition, 閉じる", NEW + "mei[閉じる]",
-     "select title from replace where replace_no=7", ["めい"]),
-    ("title, given up with Esc too often",
-     FIRST + "<End>mei<Escape><Escape><Escape><Escape>ka<Return>[閉じる]", TITLE, ["文字か"]),
-    ("title up to the 100th character", LONG + "<End>aka[閉じる]",
-     "select length(title) from replace where replace_no=5", ["100"]),
-    ("title beyond it, refused and mended", LONG + "<End>akasa[閉じる]{Quorvi}<Return>{置換の設定}"
-     "<BackSpace>[閉じる]", "select length(title) from replace where replace_no=5", ["100"]),
-    ("remark, 閉じる", FIRST + "<Tab>mei[閉じる]", "select comment from replace where replace_no=1",
-     ["めい"]),
-    ("folder, OK", "[一覧]<alt+1>{置換フォルダの作成}toukyou<space><Return>eki[OK]",
-     "select title from replace where kind='F'", ["東京えき"]),
-    ("cell, converted twice", TEXTS + "<Down><Down>toukyou<space>eki<Return><Return>1[OK]",
-     LINES % 1, STORED + ["東京えき|1"]),
-    ("cell, chosen by digit", TEXTS + "<Down><Down>nagoya<space><space>1<Return><Return>1[OK]",
-     LINES % 1, STORED + ["名古屋|1"]),
-    ("cell, chosen by Tab", TEXTS + "<Down><Down>oosaka<Tab><Return><Return>1[OK]",
-     LINES % 1, STORED + ["大阪|1"]),
-    ("cell, given up", TEXTS + "<Down>mei<Escape>[OK]{Quorvi}",
-     LINES % 1, STORED),
-    ("cell, list of its row", TEXTS + "<Down><Down>mei[方法3]1[OK]", LINES % 1, STORED + ["めい|1"]),
-    ("cell, another cell", TEXTS + "<Down><Down>mei[値1][方法3]1[OK]", LINES % 1,
-     STORED + ["めい|1"]),
-    ("cell, heading", TEXTS + "<Down><Down><F2>mei[見出し]<Return>1[OK]", LINES % 1,
-     STORED + ["めい|1"]),
-    ("cell, label", TEXTS + "<Down><Down><F2>mei[ラベル]<Return>1[OK]", LINES % 1,
-     STORED + ["めい|1"]),
-    ("cell, OK", TEXTS + "<F2>mei[OK]", LINES % 1, ["oldめい|2", "kept|1"]),
-    ("cell, Cancel", TEXTS + "<F2>mei[取消]{置換の設定}[閉じる]{置換タイトル一覧}", LINES % 1, STORED),
-    ("cell, 削除, and on", TEXTS + "<F2>mei[削除]<shift+Tab>ka<Return>[OK]", LINES % 1, ["か|1"]),
-    ("cell up to the 100th character", LONG + CONDITION + "<F2>toukyou[OK]",
-     "select replace(s_val,'a','') from replace_cond where replace_no=5", ["とう"]),
-    ("grid without rows", FIRST + "[項目]<alt+2>{置換条件の設定}[削除]<shift+Tab>suzuki<Return><Return>1[OK]",
-     LINES % 1, STORED + ["すずき|1"]),
-    ("number", NUMBERS + "12345<Return><Return>[OK]", LINES % 2, ["12345|1"]),
-    ("number with separator", NUMBERS + "1,234<Return><Return>[OK]", LINES % 2, ["1234|1"]),
-    ("number below zero", NUMBERS + "-12.5<Return><Return>[OK]", LINES % 2, ["-12.5|1"]),
-    ("date", DATES + "2024/01/05<Return><Return>[OK]", LINES % 3, ["2024/01/05|1"]),
-    ("fields, closed list", FIELDS + "toukyou<space><Return><Return>",
-     "select field_id from replace_m where replace_no=4", ["F4"]),
-    ("fields, open list", FIELDS + "<alt+Down>oosaka<space><Return><Return><Return>",
-     "select field_id from replace_m where replace_no=4", ["F5"]),
-    ("titles", "[一覧]<alt+1>{置換フォルダの作成}[取消]{置換タイトル一覧}oosaka<space><Return><Return>{置換の設定}<End>mei[閉じる]",
-     "select title from replace where replace_no=6", ["大阪の宛名めい"]),
-    ("rules, and the title of a value",
-     FIRST + "[条件設定]igai<space><Return><alt+3>{置換値設定}mei<Return><Tab><Tab>ka[OK]",
-     "select p_replace_m_no,replace_title,r_text from replace_m where use_type='R'", ["3|めい|か"]),
-]
+
+CASES = read_cases()
 CASES += [(what + ", at scale 2", *rest) for what, *rest in CASES
           if what in ("title, 閉じる", "cell, converted twice", "cell, another cell", "titles")]
 
