@@ -4,6 +4,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "content_of.h"
 #include "store_failure.h"
 #include "test_store.h"
 #include "tool/store_commands.h"
@@ -13,15 +14,18 @@ using namespace ADODB;
 
 namespace {
 
+using lines = std::vector<std::string>;
+
 struct outcome {
   int code;
+  std::string output;
   std::string errors;
 };
 
 outcome rule_store_with(const std::vector<std::string_view>& arguments) {
   std::ostringstream output, errors;
   const int code = rule_store::run_command(arguments, output, errors);
-  return {code, errors.str()};
+  return {code, output.str(), errors.str()};
 }
 
 TEST(RuleStoreTool, MakesAStoreOnceAndTouchesNothingThatIsThere) {
@@ -109,44 +113,99 @@ TEST(RuleStoreTool, ReadsWhereTheServerTakesNoChanges) {
 }
 
 TEST(RuleStoreTool, ShowsItsUsageWhenCalledWrongly) {
-  const std::vector<std::vector<std::string_view>> wrong = {{},
-                                                            {"other"},
-                                                            {"init"},
-                                                            {"init", "a", "--other"},
-                                                            {"init", "--sample"},
-                                                            {"init", ""},
-                                                            {"init", "a", "--sample", "b"}};
-  for (const auto& arguments : wrong) {
-    const outcome outcome = rule_store_with(arguments);
+  using arguments = std::vector<std::string_view>;
+  for (const arguments& wrong : {arguments{},
+                                 {"other"},
+                                 {"init"},
+                                 {"init", "a", "--other"},
+                                 {"init", "--sample"},
+                                 {"init", ""},
+                                 {"init", "a", "--sample", "b"},
+                                 {"check"},
+                                 {"print", "a", "--other"}}) {
+    const outcome outcome = rule_store_with(wrong);
     EXPECT_EQ(outcome.code, 2);
     EXPECT_NE(outcome.errors.find("init FILE|CONNECT_STRING [--sample]"), std::string::npos);
   }
   EXPECT_FALSE(std::filesystem::exists("a"));
 }
 
+TEST(RuleStoreTool, TellsByItsExitCodeHowACheckEnded) {
+  harness::test_store store;
+  const outcome clean = rule_store_with({"check", store.connect_string()});
+  EXPECT_EQ(clean.code, 0);
+  EXPECT_EQ(clean.output + clean.errors, "");
+  store.run("delete from seqno");
+  const outcome damaged = rule_store_with({"check", store.connect_string()});
+  EXPECT_EQ(damaged.code, 1);
+  EXPECT_EQ(damaged.output, "seqno: 0 rows instead of one\n");
+  const std::string missing = "Driver=SQLite;Database=" + (store.folder() / "none.db").string();
+  EXPECT_EQ(rule_store_with({"check", missing}).code, 2);
+  EXPECT_NE(rule_store_with({"check", missing}).errors.find("none.db"), std::string::npos);
+  EXPECT_EQ(rule_store_with({"print", missing}).code, 1);
+}
+
+class StoreRepair : public testing::Test {
+ protected:
+  StoreRepair() {
+    store.run_script("checked_rules.sql");
+    store.run_script("checked_ranges.sql");
+  }
+
+  /// What a repair of the store wrote, in the order in which it did.
+  [[nodiscard]] std::string repaired(int code) const {
+    const std::string place = store.connect_string();
+    const outcome repair = rule_store_with({"check", "--repair", place});
+    EXPECT_EQ(repair.code, code);
+    return repair.output + repair.errors;
+  }
+
+  harness::test_store store;
+};
+
+TEST_F(StoreRepair, MendsWhatNoWindowShowsAndNothingElse) {
+  store.run_script("unseen_rows.sql");
+  EXPECT_EQ(repaired(1), harness::content_of(PROJECT_ROOT "/tests/mended.txt"));
+  EXPECT_EQ(store.rows("select replace_no,replace_m_no from replace_m order by 1,2"),
+            lines({"2|1", "2|2", "2|3", "2|4", "3|5", "3|6", "3|7"}));
+  EXPECT_EQ(store.rows("select replace_no,replace_cond_no,sno from replace_cond order by 1,2,3"),
+            lines({"2|1|1", "2|1|3", "3|2|1"}));
+  EXPECT_EQ(store.rows("select p_replace_no from replace order by replace_no"),
+            lines({"0", "1", "0"}));
+  EXPECT_EQ(store.value("select replace||'|'||replace_m||'|'||replace_cond from seqno"), "4|7|4");
+
+  EXPECT_EQ(repaired(1), "replace_m 2/4: unknown replace_type \"X\"\n");
+  store.run("update replace_m set replace_type='S' where replace_m_no=4");
+  EXPECT_EQ(repaired(0), "");
+}
+
+TEST_F(StoreRepair, ChangesNothingThatIsRefusedHalfWayOrThatNobodyIsTold) {
+  store.run_all({"delete from replace where replace_no=2", "update seqno set replace=0"});
+  const auto rows = [&] { return store.rows("select * from replace_m order by replace_m_no"); };
+  const lines before = rows();
+  store.refuse("update", "seqno", "no counting");
+  EXPECT_EQ(repaired(2), "rule_store: no counting\n");
+  EXPECT_EQ(rows(), before);
+  store.stop_refusing();
+  const std::string place = store.connect_string();
+  for (const std::vector<std::string_view>& command :
+       {std::vector<std::string_view>{"check", place, "--repair"}, {"print", place}}) {
+    std::ofstream full("/dev/full");
+    std::ostringstream errors;
+    EXPECT_NE(rule_store::run_command(command, full, errors), 0);
+    EXPECT_EQ(errors.str(), "rule_store: the output could not be written\n");
+  }
+  EXPECT_EQ(rows(), before);
+  EXPECT_NE(repaired(0), "");
+  EXPECT_NE(rows(), before);
+}
+
 TEST(Schema, RefusesWhatNoProgramMayStore) {
   harness::test_store store;
-  const std::string line = "insert into replace_cond(replace_no,replace_cond_no,sno,";
-  const std::string long_text(101, 'x');
-  for (const std::string& statement :
-       {std::string("insert into replace(replace_no) values(0)"),
-        std::string("insert into replace(replace_no) values(32768)"),
-        std::string("insert into replace(replace_no,p_replace_no) values(1,-1)"),
-        "insert into replace(replace_no,title) values(1,'" + long_text + "')",
-        std::string("insert into replace_m(replace_no,replace_m_no) values(1,32768)"),
-        std::string("insert into replace_m(replace_no,replace_m_no) values(0,1)"),
-        std::string("insert into replace_m(replace_no) values(1)"),
-        line + "s_val) values(1,1,1,'" + long_text + "')", line + "s_val) values(1,1,0,'a')",
-        line + "n_f_val) values(1,1,1,'abc')", line + "n_t_val) values(1,1,1,'')",
-        line + "d_f_val) values(1,1,1,'2005/02/31')", line + "d_f_val) values(1,1,1,'2005/2/3')",
-        line + "d_t_val) values(1,1,1,'2005/02-03')", line + "d_t_val) values(1,1,1,'2005-13-01')",
-        line + "d_t_val) values(1,1,1,'2005102103')", line + "b_val) values(1,1,1,2)"})
+  for (const std::string& statement : harness::lines_of("refused_statements.txt"))
     EXPECT_EQ(failure_of([&] { store.run(statement); }).kind(), failure_kind::refused_by_check)
         << statement;
-  store.run_all({line + "d_f_val,d_t_val) values(1,1,1,'2004/02/29','2004.02.29')",
-                 line + "s_method,use_type) values(1,1,2,'9','?')",
-                 "insert into replace_m(replace_no,replace_m_no,replace_cond_type) values(1,1,0)",
-                 "insert into replace(replace_no,kind) values(32767,'X')"});
+  store.run_script("taken_statements.sql");
   EXPECT_EQ(store.value("select replace_cond_no from replace_m where replace_cond_type='0'"),
             "null");
 }
@@ -154,14 +213,7 @@ TEST(Schema, RefusesWhatNoProgramMayStore) {
 TEST(Schema, NeedsNoScanOfATableForTheSystemsLookUps) {
   harness::test_store store;
   const std::string explain = harness::on_server() ? "explain " : "explain query plan ";
-  for (const char* look_up : {"SELECT * FROM REPLACE WHERE P_REPLACE_NO = 1 ORDER BY REPLACE_NO",
-                              "select title from replace where title = 'a' and kind='C'",
-                              "select count(*) from replace_m where p_replace_m_no=1",
-                              "select * from replace_m where replace_no=1 and p_replace_m_no=1",
-                              "select max(sno) from replace_cond where replace_cond_no=1",
-                              "SELECT * FROM REPLACE_COND WHERE REPLACE_COND_NO = 1",
-                              "delete from replace_cond where replace_no=1",
-                              "select field_id,attr from field where field_name='a'"})
+  for (const std::string& look_up : harness::lines_of("look_ups.txt"))
     for (const std::string& step : store.rows(explain + look_up))
       for (const char* detour : {"SCAN", "TEMP B-TREE", "Seq Scan", "Sort"})
         EXPECT_EQ(step.find(detour), std::string::npos) << step;
