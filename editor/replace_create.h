@@ -82,7 +82,13 @@ class replace_create {
 
   void select_node(const Node& node);
   void enable_for(const Node& node);
-  void enable(bool addr_set, bool cond_set, bool cond_val_set, bool del_set);
+  struct allowed_buttons {
+    bool addr_set = false;
+    bool cond_set = false;
+    bool cond_val_set = false;
+    bool del_set = false;
+  };
+  void enable(const allowed_buttons& allowed);
 
   void addr_set();
   void cond_val_set();

@@ -25,7 +25,7 @@ void replace_create::select_node(const Node& node) {
 void replace_create::enable_for(const Node& node) {
   if (node.Text() == "置換条件") {
     const bool alone = SSTree1.Nodes.Count() == 1;
-    return enable(alone, false, alone, false);
+    return enable({.addr_set = alone, .cond_val_set = alone});
   }
   auto& state = shared();
   if (state.basRS.eof()) throw vanished_row();
@@ -33,19 +33,22 @@ void replace_create::enable_for(const Node& node) {
   if (use_type == "C") {
     const ADODB::Value count = state.basCopyRs.Fields().Item(0).Value();
     const bool childless = count.is_null() || count.number() <= 0;
-    enable(childless, node.Text() != "以外", childless, true);
+    enable({.addr_set = childless,
+            .cond_set = node.Text() != "以外",
+            .cond_val_set = childless,
+            .del_set = true});
   } else if (use_type == "R") {
-    enable(false, false, true, true);
+    enable({.cond_val_set = true, .del_set = true});
   } else if (use_type == "F") {
-    enable(false, true, false, true);
+    enable({.cond_set = true, .del_set = true});
   }
 }
 
-void replace_create::enable(bool addr_set, bool cond_set, bool cond_val_set, bool del_set) {
-  Toolbar1.enable(addr_set_button, addr_set);
-  Toolbar1.enable(cond_set_button, cond_set);
-  Toolbar1.enable(cond_val_set_button, cond_val_set);
-  Toolbar1.enable(del_set_button, del_set);
+void replace_create::enable(const allowed_buttons& allowed) {
+  Toolbar1.enable(addr_set_button, allowed.addr_set);
+  Toolbar1.enable(cond_set_button, allowed.cond_set);
+  Toolbar1.enable(cond_val_set_button, allowed.cond_val_set);
+  Toolbar1.enable(del_set_button, allowed.del_set);
 }
 
 }  // namespace ta_vorlumine

@@ -1,13 +1,11 @@
 #include "platform/form.h"
 
 #include <QApplication>
-#include <exception>
 #include <utility>
 
 #include "platform/arrangement.h"
 #include "platform/control.h"
 #include "platform/fonts.h"
-#include "platform/messages.h"
 #include "platform/native.h"
 #include "platform/window.h"
 
@@ -105,23 +103,6 @@ std::string Form::active_control() const {
     if (focused == widget || (focused && widget->isAncestorOf(focused))) return control->name_;
   }
   return {};
-}
-
-void Form::guarded(const std::function<void()>& event) {
-  try {
-    event();
-    return;
-  } catch (const std::exception& failure) {
-    message(failure.what());
-  } catch (...) {
-    message("予期しないエラーが発生しました。");
-  }
-  if (!on_failure || !loaded() || unloading_) return;
-  try {
-    on_failure();
-  } catch (...) {
-    // The user has just read why; a store that still refuses leaves the view as it is.
-  }
 }
 
 }  // namespace platform
