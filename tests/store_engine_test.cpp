@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <chrono>
+
 #include "store/key_counters.h"
 #include "store/sql.h"
 #include "store_failure.h"
@@ -22,7 +24,7 @@ TEST_F(StoreEngine, GivesBackEveryValueAsItWasWritten) {
   for (int i = 0; i < 100; ++i) hundred += "あ";
   for (const std::string& text :
        {std::string("O'Neil '' ?1 ;--"), std::string("😀\r\n\t行"), hundred, std::string(" "),
-        std::string(), std::string("<n> %10 $1")}) {
+        std::string(), std::string("<n> %10 $1"), std::string("C:\\new\\1")}) {
     connection.Execute("delete from replace");
     connection.Execute(sql("insert into replace(replace_no,title) values(<n>,'<t>')", {1, text}));
     EXPECT_EQ(connection.Execute("select TITLE from replace").Fields().Item("Title").Value(),
@@ -168,10 +170,22 @@ TEST_F(StoreEngine, TellsWhyAStatementWasRefused) {
   insert(2);
 
   connection.BeginTrans();
-  (void)last_number(connection, "replace");
+  (void)last_number(connection, "replace_m");
   store.run("update seqno set replace=1");
+  EXPECT_EQ(last_number(connection, "replace"), 0);
   EXPECT_EQ(failure_of([&] { advance_number(connection, "replace"); }).kind(), failure_kind::stale);
   connection.RollbackTrans();
+}
+
+TEST_F(StoreEngine, WaitsForAnotherProgramSomeSecondsThenIsBusy) {
+  Connection other;
+  other.Open(store.connect_string());
+  other.BeginTrans();
+  advance_number(other, "replace");
+  connection.BeginTrans();
+  const auto start = std::chrono::steady_clock::now();
+  EXPECT_EQ(failure_of([&] { advance_number(connection, "replace"); }).kind(), failure_kind::busy);
+  EXPECT_GT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
 }
 
 TEST_F(StoreEngine, FollowsTablesThatChangeUnderAKeptStatement) {
