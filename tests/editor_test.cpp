@@ -1,9 +1,7 @@
 #include <QTreeView>
 #include <QWidget>
 
-#include "browser/replace_form.h"
 #include "common_rules.h"
-#include "editor/replace_create.h"
 
 using namespace harness;
 
@@ -126,19 +124,6 @@ TEST_F(Editor, ChecksTheTitleInItsOrder) {
   EXPECT_EQ(title_of(7), "空|人'の%10");
 }
 
-TEST_F(Editor, ADefinitionThatAnotherProgramHasFilledNeedsATitle) {
-  edit(store, "空", [this] {
-    store.run(
-        "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id)"
-        " values(2,21,0,'F','F1')");
-    type("Text1", "");
-    press("exit");
-    message(needs_title);
-    type("Text1", std::string(100, 'x'));
-  });
-  EXPECT_EQ(title_of(2), std::string(100, 'x') + "| ");
-}
-
 TEST_F(Editor, AnUntouchedNewDefinitionGoesAwayAgain) {
   browse(store, [this] {
     open("宛名", "add");
@@ -172,9 +157,12 @@ TEST_F(Editor, CopiesADefinitionDeepUnderNewKeys) {
     press("exit");
     message(is_used);
     type("Text1", "詳細の写し");
+    press("exit");
+    open("空", "copy");
+    type("Text1", "空の写し");
   });
-  EXPECT_EQ(store.value("select * from replace where replace_no=34"),
-            "34|3|C|詳細の写し|人'の%10|41");
+  EXPECT_EQ(store.rows("select * from replace where replace_no>33 order by 1"),
+            (rows{"34|3|C|詳細の写し|人'の%10|41", "35|0|C|空の写し| |52"}));
   EXPECT_EQ(all_rules(34), (rows{"41|0|F|F1|0|0|||", "42|41|C||0|8|||", "46|41|C||1|0|||",
                                  "47|46|R||0|0|様'%10|S|%11\n'😀%01", "48|42|F|F3|0|0|||",
                                  "49|48|C||0|9|||", "50|48|C||1|0|||", "51|49|R||0|0|誕生|S|"}));
@@ -182,17 +170,7 @@ TEST_F(Editor, CopiesADefinitionDeepUnderNewKeys) {
                                  "8|3|S|3|西%05|null|1900/01/01|null|1900/01/01|0|null",
                                  "8|4|S|9|消える|null|1900/01/01|null|1900/01/01|0|null",
                                  "9|1|D|null||null|null|2|2005/01/31|0|null"}));
-  EXPECT_EQ(counters(), "34|51|10");
-}
-
-TEST_F(Editor, ACopyWithoutRulesDrawsNoRuleKey) {
-  browse(store, [] {
-    open("空", "copy");
-    type("Text1", "空の写し");
-  });
-  EXPECT_EQ(store.rows("select replace_no,title,replace_m_no from replace where replace_no>33"),
-            (rows{"34|空の写し|41"}));
-  EXPECT_EQ(counters(), "34|40|8");
+  EXPECT_EQ(counters(), "35|51|11") << "a copy without rules draws no rule key";
 }
 
 TEST_F(Editor, ACopyThatFindsNoKeysLeftWritesNothing) {
@@ -213,11 +191,14 @@ TEST_F(Editor, ACopyThatFindsNoKeysLeftWritesNothing) {
 }
 
 TEST_F(Editor, DeletesBranchesAndKeepsTheOtherwiseBranchWithTheLastCondition) {
-  rule(20, 7, "'C',null,'0',3,null,null");
-  store.run(
-      "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_method,s_val) "
-      "values(7,3,1,'S',2,'北')");
-  edit(store, "詳細", [this] {
+  const auto del = [this](const std::string& path) {
+    click_node(path);
+    press("del_set");
+    question(sure, true);
+    EXPECT_EQ(enabled_buttons(), "exit");
+    EXPECT_EQ(selected_node(), "");
+  };
+  edit(store, "詳細", [&] {
     click_node("氏名");
     press("del_set");
     question(sure, false);
@@ -227,20 +208,18 @@ TEST_F(Editor, DeletesBranchesAndKeepsTheOtherwiseBranchWithTheLastCondition) {
     question(sure, true);
     message("条件あるときは以外条件が削除出来ません");
     EXPECT_EQ(enabled_buttons(), "exit");
-    EXPECT_EQ(tree_lines().size(), 10U);
-    const auto del = [this](const std::string& path) {
-      click_node(path);
-      press("del_set");
-      question(sure, true);
-      EXPECT_EQ(enabled_buttons(), "exit");
-      EXPECT_EQ(selected_node(), "");
-    };
+    EXPECT_EQ(tree_lines().size(), 9U);
+    rule(20, 7, "'C',null,'0',3,null,null");  // not shown yet
+    store.run(
+        "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,s_method,s_val) "
+        "values(7,3,1,'S',2,'北')");
     del("東（部分一致）;西%05（完全一致）");
-    EXPECT_EQ(tree_lines(),
-              (rows{"置換条件", "  氏名", "    北（先頭一致）", "    以外", "      様'%10"}));
+    EXPECT_EQ(tree_lines(), (rows{"置換条件", "  氏名", "    以外", "      様'%10"}));
     EXPECT_EQ(all_lines(7).size(), 1U);
     del("様'%10");
     EXPECT_EQ(all_rules(7).size(), 3U);
+  });
+  edit(store, "詳細", [&] {
     del("北（先頭一致）");
     EXPECT_EQ(tree_lines(), (rows{"置換条件", "  氏名"}));
   });
@@ -249,19 +228,9 @@ TEST_F(Editor, DeletesBranchesAndKeepsTheOtherwiseBranchWithTheLastCondition) {
   EXPECT_EQ(all_lines(1).size(), 1U);
 }
 
-TEST_F(Editor, TheOtherwiseBranchStaysForAConditionThatTheTreeDoesntShowYet) {
-  edit(store, "詳細", [this] {
-    click_node("東（部分一致）;西%05（完全一致）");
-    rule(20, 7, "'C',null,'0',3,null,null");
-    press("del_set");
-    question(sure, true);
-    EXPECT_EQ(tree_lines(), (rows{"置換条件", "  氏名", "    以外", "      様'%10"}));
-  });
-  EXPECT_EQ(all_rules(7).size(), 4U);
-}
-
 TEST_F(Editor, ATreeThatCouldntBeLoadedDoesntMakeADefinitionEmpty) {
-  browse(store, [this] {
+  const std::string longest(100, 'x');
+  browse(store, [&] {
     open("宛名", "add");
     click_node("置換条件");
     press("cond_val_set");
@@ -277,8 +246,9 @@ TEST_F(Editor, ATreeThatCouldntBeLoadedDoesntMakeADefinitionEmpty) {
     store.run("alter table away rename to field");
     press("exit");
     message(needs_title);
-    type("Text1", "新しい");
+    type("Text1", longest);
   });
+  EXPECT_EQ(title_of(34), longest + "| ");
   EXPECT_EQ(all_rules(34).size(), 1U);
 }
 
@@ -296,24 +266,6 @@ TEST_F(Editor, ADefinitionDeletedByAnotherProgramIsToldAndNothingIsWritten) {
     in("replaceForm");
   });
   EXPECT_EQ(store.value("select count(*) from replace"), "9");
-}
-
-TEST_F(Editor, BranchOperationsTouchTheirOwnRowsAlone) {
-  using namespace ta_vorlumine;
-  auto& shared = platform::form<replaceForm>();
-  auto& editor = platform::form<replace_create>();
-  shared.conn.Open(store.connect_string());
-  shared.f_replace_no = 7;
-  editor.delete_from_cond(7, 7);  // two children: stays
-  EXPECT_EQ(all_rules(7).size(), 8U);
-  editor.delete_from_cond(7, 12);
-  EXPECT_EQ(all_rules(7).size(), 7U);
-  editor.DeleteChild("99");
-  EXPECT_EQ(all_rules(7).size(), 7U);
-  editor.DeleteChild("8");
-  EXPECT_EQ(all_rules(7).size(), 2U);
-  EXPECT_EQ(all_lines(7).size(), 3U);  // the lines of the row itself are the caller's
-  shared.conn.Close();
 }
 
 }  // namespace

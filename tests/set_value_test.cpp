@@ -41,9 +41,8 @@ class ValueDialog : public common_rules {
   /// The texts of the four boxes and the list.
   static std::string inputs() {
     std::string all;
-    for (const char* name : {"Text1", "Text2", "Text3", "Text4", "Combo1"})
-      all += text_of(name) + "|";
-    return all;
+    for (const char* name : boxes) all += text_of(name) + "|";
+    return all + text_of("Combo1") + "|";
   }
 
   std::string last_value(int definition) {
@@ -252,18 +251,6 @@ TEST_F(ValueDialog, TakesAPathAsChosen) {
     ok();
   });
   EXPECT_EQ(last_value(2), "41|0|題|T|null|" + path + "|null|null|null");
-}
-
-TEST_F(ValueDialog, ARefusedCounterTakesTheValueBackAndTheNextOkStoresItOnce) {
-  store.refuse("update", "seqno", "今は変更できません");
-  add([this] {
-    type("title_txt", "題");
-    ok();
-    message("今は変更できません");
-    store.stop_refusing();
-    ok();
-    EXPECT_EQ(tree_lines(), (rows{"置換条件", "  題"}));
-  });
 }
 
 TEST_F(ValueDialog, WritesNothingUnderWhatIsGoneOrRefused) {

@@ -38,14 +38,6 @@ Widget& usable(const std::string& name) {
   return found;
 }
 
-void collect(const QModelIndex& parent, std::vector<QModelIndex>& nodes) {
-  for (int row = 0; row < tree().model()->rowCount(parent); ++row) {
-    const QModelIndex child = tree().model()->index(row, 0, parent);
-    nodes.push_back(child);
-    collect(child, nodes);
-  }
-}
-
 std::string text_of(const QModelIndex& index) {
   return index.data().toString().toStdString();
 }
@@ -258,9 +250,10 @@ QModelIndex node(const std::string& path) {
 }
 
 std::vector<QModelIndex> all_nodes() {
-  std::vector<QModelIndex> nodes;
-  collect({}, nodes);
-  return nodes;
+  const QAbstractItemModel& model = *tree().model();
+  const QModelIndexList nodes = model.match(model.index(0, 0), Qt::DisplayRole, "", -1,
+                                            Qt::MatchContains | Qt::MatchRecursive);
+  return {nodes.begin(), nodes.end()};
 }
 
 }  // namespace harness
