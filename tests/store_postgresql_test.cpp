@@ -37,20 +37,6 @@ bool holds(const Error& failure, const std::string& text) {
   return std::string(failure.what()).find(text) != std::string::npos;
 }
 
-TEST_F(PostgresqlEngine, LosesNoDigitOfANumber) {
-  for (const words& insert :
-       {words("insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) "
-              "values(1,1,1,'<n>')"),
-        words("insert into replace_cond(replace_no,replace_cond_no,sno,n_f_val) "
-              "values(1,1,1,<n>)")})
-    for (const char* number :
-         {"-12345678901234567890.1234567890123", "0.000000000000000000001", "-2147483649"}) {
-      connection.Execute("delete from replace_cond");
-      connection.Execute(sql(insert, {number}));
-      EXPECT_EQ(store.value("select n_f_val from replace_cond"), number);
-    }
-}
-
 TEST_F(PostgresqlEngine, GivesEveryTypeItsKindOfValue) {
   const std::vector<std::pair<const char*, Value>> kinds = {
       {"count(*)", Value(std::int64_t{1})},
