@@ -169,7 +169,8 @@ TEST_F(PostgresqlEngine, TellsWhyItCannotConnectButNotThePassword) {
            {"server", store.folder().string(), "No such file"},
            {"port", "none", "port"}}) {
     Connection refused;
-    const Error failure = failure_of([&] { refused.Open(changed(key, value)); });
+    const std::string settings = changed(key, value);
+    const Error failure = failure_of([&] { refused.Open(settings); });
     EXPECT_FALSE(refused.is_open());
     EXPECT_TRUE(holds(failure, reason) && !holds(failure, "secret")) << failure.what();
   }
