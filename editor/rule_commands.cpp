@@ -46,7 +46,7 @@ void replace_create::cond_set() {
     read_children();
     mend_lone_condition();
   }
-  if (!read_field_attr()) return init_tree();
+  if (!read_field_attr()) return refresh();
   const row_key number = number_for_dialog(row);
   // Without a number a condition has no lines; OK gives it one.
   f_replace_cond_no = number == 0 ? std::int16_t{0} : checked_key(number);
