@@ -30,7 +30,7 @@ PGconn* connect(const std::string& connect_string) {
                       value("uid"), nullptr);
 }
 
-class bare_postgresql : public bare_connection {
+class bare_postgresql final : public bare_connection {
  public:
   explicit bare_postgresql(const std::string& connect_string)
       : connection_(connect(connect_string), &PQfinish) {
