@@ -4,7 +4,7 @@
 #include <QGridLayout>
 
 #include "platform/control.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace platform {
 

@@ -10,7 +10,7 @@
 
 #include "platform/choice_list.h"
 #include "platform/form.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace platform {
 namespace {
@@ -79,7 +79,7 @@ class drop_down : public QComboBox {
 
 ComboBox::ComboBox(Form& form, std::string name) : Control(form, std::move(name)) {}
 
-std::unique_ptr<native> ComboBox::make() {
+std::unique_ptr<toolkit_peer> ComboBox::make() {
   auto* combo = new drop_down;
   QObject::connect(combo, &QComboBox::currentIndexChanged, combo, [this](int index) {
     if (index >= 0 && on_click) form().guarded(on_click);
@@ -87,7 +87,7 @@ std::unique_ptr<native> ComboBox::make() {
   QObject::connect(combo, &QComboBox::activated, combo, [this, combo](int index) {
     if (combo->was_chosen_again(index) && on_click) form().guarded(on_click);
   });
-  return std::make_unique<native>(combo);
+  return std::make_unique<toolkit_peer>(combo);
 }
 
 void ComboBox::Clear() {

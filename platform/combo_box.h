@@ -24,7 +24,7 @@ class ComboBox : public Control {
   void select(std::string_view text);
 
  private:
-  std::unique_ptr<native> make() override;
+  std::unique_ptr<toolkit_peer> make() override;
 };
 
 }  // namespace platform

@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "platform/form.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace platform {
 namespace {
@@ -28,14 +28,14 @@ class push_button : public QPushButton {
 CommandButton::CommandButton(Form& form, std::string name, std::string caption, role button_role)
     : Control(form, std::move(name)), caption_(std::move(caption)), role_(button_role) {}
 
-std::unique_ptr<native> CommandButton::make() {
+std::unique_ptr<toolkit_peer> CommandButton::make() {
   auto* button = new push_button(to_toolkit(caption_));
   button->setAutoDefault(role_ == role::standard);
   button->setDefault(role_ == role::standard);
   QObject::connect(button, &QPushButton::clicked, button, [this] {
     if (on_click) form().guarded(on_click);
   });
-  return std::make_unique<native>(button);
+  return std::make_unique<toolkit_peer>(button);
 }
 
 }  // namespace platform

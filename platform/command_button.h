@@ -16,7 +16,7 @@ class CommandButton : public Control {
   std::function<void()> on_click;
 
  private:
-  std::unique_ptr<native> make() override;
+  std::unique_ptr<toolkit_peer> make() override;
 
   std::string caption_;
   role role_;

@@ -4,7 +4,7 @@
 #include <QFileDialog>
 
 #include "platform/fonts.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace platform {
 namespace {

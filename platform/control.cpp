@@ -3,7 +3,7 @@
 #include <utility>
 
 #include "platform/form.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace platform {
 
@@ -13,9 +13,9 @@ Control::Control(Form& form, std::string name) : form_(form), name_(std::move(na
 
 Control::~Control() = default;
 
-native& Control::peer() {
-  if (!native_) form_.load();
-  return *native_;
+toolkit_peer& Control::peer() {
+  if (!peer_) form_.load();
+  return *peer_;
 }
 
 void Control::set_enabled(bool enabled) {

@@ -6,7 +6,7 @@
 namespace platform {
 
 class Form;
-struct native;
+struct toolkit_peer;
 
 /// A control of a form. Its widget lives from the form's load to its unload; touching the control
 /// of a form that isn't loaded loads the form. Names are unique within a form: screen readers and
@@ -26,7 +26,7 @@ class Control {
   void set_accessible_name(const std::string& text);
 
   /// The toolkit's side of the control; opaque outside this room and the two big controls.
-  [[nodiscard]] native& peer();
+  [[nodiscard]] toolkit_peer& peer();
 
  protected:
   [[nodiscard]] Form& form() const { return form_; }
@@ -34,13 +34,13 @@ class Control {
  private:
   friend class Form;
 
-  [[nodiscard]] virtual std::unique_ptr<native> make() = 0;
+  [[nodiscard]] virtual std::unique_ptr<toolkit_peer> make() = 0;
   /// Once all widgets of the form are made: the place for what ties two controls together.
   virtual void tie() {}
 
   Form& form_;
   std::string name_;
-  std::unique_ptr<native> native_;
+  std::unique_ptr<toolkit_peer> peer_;
 };
 
 }  // namespace platform

@@ -6,7 +6,7 @@
 #include "platform/arrangement.h"
 #include "platform/control.h"
 #include "platform/fonts.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 #include "platform/window.h"
 
 namespace platform {
@@ -39,9 +39,9 @@ void Form::make_widgets() {
   window_->setWindowTitle(to_toolkit(caption_));
   window_->setFont(window_font());
   for (Control* control : controls_) {
-    control->native_ = control->make();
-    control->native_->widget->setParent(window_.get());
-    control->native_->widget->setObjectName(to_toolkit(control->name_));
+    control->peer_ = control->make();
+    control->peer_->widget->setParent(window_.get());
+    control->peer_->widget->setObjectName(to_toolkit(control->name_));
   }
   order_tabs();
   for (Control* control : controls_) control->tie();
@@ -53,14 +53,14 @@ void Form::make_widgets() {
 void Form::order_tabs() {
   std::vector<QWidget*> stops;
   for (const Control* control : tab_order.empty() ? controls_ : tab_order) {
-    for (QWidget* stop : control->native_->stops()) stops.push_back(stop);
+    for (QWidget* stop : control->peer_->stops()) stops.push_back(stop);
   }
   for (std::size_t i = 1; i < stops.size(); ++i) QWidget::setTabOrder(stops[i - 1], stops[i]);
   if (!tab_order.empty()) stops.front()->setFocus();
 }
 
 void Form::destroy_widgets() {
-  for (Control* control : controls_) control->native_.reset();
+  for (Control* control : controls_) control->peer_.reset();
   window_.reset();
   unloading_ = false;
 }
@@ -98,8 +98,8 @@ void Form::set_caption(std::string_view caption) {
 std::string Form::active_control() const {
   const QWidget* focused = QApplication::focusWidget();
   for (const Control* control : controls_) {
-    if (!control->native_) continue;
-    const QWidget* widget = control->native_->widget;
+    if (!control->peer_) continue;
+    const QWidget* widget = control->peer_->widget;
     if (focused == widget || (focused && widget->isAncestorOf(focused))) return control->name_;
   }
   return {};

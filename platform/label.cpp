@@ -5,7 +5,7 @@
 #include <utility>
 
 #include "platform/fonts.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace platform {
 
@@ -15,7 +15,7 @@ Label::Label(Form& form, std::string name, std::string caption, Control* buddy, 
       buddy_(buddy),
       lines_(label_lines) {}
 
-std::unique_ptr<native> Label::make() {
+std::unique_ptr<toolkit_peer> Label::make() {
   auto* label = new QLabel(to_toolkit(caption_));
   label->setTextFormat(Qt::PlainText);
   if (lines_ == lines::two) {
@@ -23,7 +23,7 @@ std::unique_ptr<native> Label::make() {
     label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
     label->setFixedHeight(2 * QFontMetrics(window_font()).lineSpacing());
   }
-  return std::make_unique<native>(label);
+  return std::make_unique<toolkit_peer>(label);
 }
 
 void Label::tie() {

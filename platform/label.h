@@ -16,7 +16,7 @@ class Label : public Control {
   void set_caption(const std::string& caption);
 
  private:
-  std::unique_ptr<native> make() override;
+  std::unique_ptr<toolkit_peer> make() override;
   void tie() override;
 
   std::string caption_;

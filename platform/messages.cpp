@@ -6,7 +6,7 @@
 #include <QMessageBox>
 
 #include "platform/fonts.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace platform {
 namespace {

@@ -4,7 +4,7 @@
 #include <utility>
 
 #include "platform/form.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace platform {
 namespace {
@@ -21,14 +21,14 @@ void stop_tab_at(QRadioButton& selected) {
 OptionButton::OptionButton(Form& form, std::string name, std::string caption)
     : Control(form, std::move(name)), caption_(std::move(caption)) {}
 
-std::unique_ptr<native> OptionButton::make() {
+std::unique_ptr<toolkit_peer> OptionButton::make() {
   auto* button = new QRadioButton(to_toolkit(caption_));
   QObject::connect(button, &QRadioButton::toggled, button, [this, button](bool selected) {
     if (!selected) return;
     stop_tab_at(*button);
     if (on_click) form().guarded(on_click);
   });
-  return std::make_unique<native>(button);
+  return std::make_unique<toolkit_peer>(button);
 }
 
 bool OptionButton::selected() {

@@ -18,7 +18,7 @@ class OptionButton : public Control {
   void select();
 
  private:
-  std::unique_ptr<native> make() override;
+  std::unique_ptr<toolkit_peer> make() override;
 
   std::string caption_;
 };

@@ -6,25 +6,25 @@
 
 #include "platform/composition.h"
 #include "platform/form.h"
-#include "platform/native.h"
 #include "platform/text_area.h"
+#include "platform/toolkit_peer.h"
 
 namespace platform {
 
 TextBox::TextBox(Form& form, std::string name, lines box_lines)
     : Control(form, std::move(name)), lines_(box_lines) {}
 
-std::unique_ptr<native> TextBox::make() {
+std::unique_ptr<toolkit_peer> TextBox::make() {
   if (lines_ == lines::several) {
     auto* edit = new text_area;
     QObject::connect(edit, &text_area::textChanged, edit, [this] { changed(); });
-    return std::make_unique<native>(edit);
+    return std::make_unique<toolkit_peer>(edit);
   }
   auto* edit = new QLineEdit;
   edit->setMaxLength(std::numeric_limits<int>::max());
   if (lines_ == lines::one_tall) edit->setMinimumHeight(2 * edit->sizeHint().height());
   QObject::connect(edit, &QLineEdit::textChanged, edit, [this] { changed(); });
-  return std::make_unique<native>(edit);
+  return std::make_unique<toolkit_peer>(edit);
 }
 
 void TextBox::changed() {

@@ -25,7 +25,7 @@ class TextBox : public Control {
   void set_text(std::string_view text);
 
  private:
-  std::unique_ptr<native> make() override;
+  std::unique_ptr<toolkit_peer> make() override;
   void changed();
 
   lines lines_;

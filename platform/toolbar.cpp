@@ -9,14 +9,14 @@
 #include <utility>
 
 #include "platform/form.h"
-#include "platform/native.h"
 #include "platform/tool_button.h"
+#include "platform/toolkit_peer.h"
 
 namespace platform {
 namespace {
 
-struct toolbar_peer : native {
-  using native::native;
+struct toolbar_peer : toolkit_peer {
+  using toolkit_peer::toolkit_peer;
 
   [[nodiscard]] std::vector<QWidget*> stops() const override {
     std::vector<QWidget*> found;
@@ -57,7 +57,7 @@ Toolbar::Toolbar(Form& form, std::string name, const ImageList& pictures,
                  std::vector<button> buttons)
     : Control(form, std::move(name)), pictures_(pictures), buttons_(std::move(buttons)) {}
 
-std::unique_ptr<native> Toolbar::make() {
+std::unique_ptr<toolkit_peer> Toolbar::make() {
   auto* bar = new QWidget;
   auto peer = std::make_unique<toolbar_peer>(bar);
   auto* row = new QHBoxLayout(bar);

@@ -32,7 +32,7 @@ class Toolbar : public Control {
   void enable(int position, bool enabled);
 
  private:
-  std::unique_ptr<native> make() override;
+  std::unique_ptr<toolkit_peer> make() override;
 
   const ImageList& pictures_;
   std::vector<button> buttons_;

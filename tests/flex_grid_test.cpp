@@ -14,7 +14,7 @@
 #include "platform/command_button.h"
 #include "platform/form.h"
 #include "platform/messages.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 #include "store/text.h"
 #include "test_store.h"
 #include "user.h"

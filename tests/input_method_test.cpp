@@ -14,8 +14,8 @@
 #include "platform/combo_box.h"
 #include "platform/command_button.h"
 #include "platform/form.h"
-#include "platform/native.h"
 #include "platform/text_box.h"
+#include "platform/toolkit_peer.h"
 
 namespace {
 

@@ -12,7 +12,7 @@
 #include <stdexcept>
 
 #include "platform/form.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace {
 

@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <limits>
 
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 #include "store/text.h"
 
 namespace ta_vorlumine {

@@ -8,7 +8,7 @@
 #include <QVBoxLayout>
 #include <algorithm>
 
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace ta_vorlumine {
 

@@ -7,7 +7,7 @@
 
 #include "controls/grid/grid_view.h"
 #include "platform/form.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace ta_vorlumine {
 namespace {
@@ -26,12 +26,12 @@ VSFlexGrid::VSFlexGrid(platform::Form& form, std::string name, std::string acces
 
 VSFlexGrid::~VSFlexGrid() = default;
 
-std::unique_ptr<platform::native> VSFlexGrid::make() {
+std::unique_ptr<platform::toolkit_peer> VSFlexGrid::make() {
   cells_ = grid_cells();
   view_ = &grid_view::make(
       cells_, {[this](cell_place cell) { return refuses(cell); }, [this] { check_row(); }});
   view_->widget().setAccessibleName(platform::to_toolkit(accessible_name_));
-  return std::make_unique<platform::native>(&view_->widget());
+  return std::make_unique<platform::toolkit_peer>(&view_->widget());
 }
 
 grid_view& VSFlexGrid::view() {

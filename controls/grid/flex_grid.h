@@ -63,7 +63,7 @@ class VSFlexGrid : public platform::Control {
   std::function<void()> on_row_check;
 
  private:
-  std::unique_ptr<platform::native> make() override;
+  std::unique_ptr<platform::toolkit_peer> make() override;
   grid_view& view();
   grid_cells& cells();
   void rebuild(const std::function<void()>& change);

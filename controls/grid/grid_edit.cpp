@@ -6,7 +6,7 @@
 #include <utility>
 
 #include "platform/composition.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace ta_vorlumine {
 

@@ -3,7 +3,7 @@
 #include <QAbstractTableModel>
 
 #include "controls/grid/cell_painter.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace ta_vorlumine {
 

@@ -12,9 +12,9 @@
 #include <utility>
 
 #include "controls/grid/cell_painter.h"
+#include "controls/grid/edit_ended_by_press.h"
 #include "controls/grid/grid_cursor.h"
-#include "controls/grid/grid_press.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace ta_vorlumine {
 namespace {
@@ -82,7 +82,7 @@ class table_view : public QTableView, public grid_view {
   grid_model model_;
   grid_cursor cursor_;
   grid_edit edit_;
-  press_elsewhere press_elsewhere_;
+  edit_ended_by_press press_elsewhere_;
   QPersistentModelIndex pressed_;
   bool pressed_again_ = false;  // the pressed cell had been the current one already
 };

@@ -4,7 +4,7 @@
 
 #include "controls/tree/tree_view.h"
 #include "platform/form.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace ta_vorlumine {
 
@@ -13,11 +13,11 @@ SSTree::SSTree(platform::Form& form, std::string name, std::string accessible_na
 
 SSTree::~SSTree() = default;
 
-std::unique_ptr<platform::native> SSTree::make() {
+std::unique_ptr<platform::toolkit_peer> SSTree::make() {
   nodes_.clear();
   auto* made = new tree_view(*this);
   made->setAccessibleName(platform::to_toolkit(accessible_name_));
-  return std::make_unique<platform::native>(made);
+  return std::make_unique<platform::toolkit_peer>(made);
 }
 
 SSTree::tree_view& SSTree::view() {

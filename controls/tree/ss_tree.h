@@ -132,7 +132,7 @@ class SSTree : public platform::Control {
   friend class node_collection;
   class tree_view;
 
-  std::unique_ptr<platform::native> make() override;
+  std::unique_ptr<platform::toolkit_peer> make() override;
   tree_view& view();
   Node in_hand(const tree_node* node);
   void raise(const std::function<void()>& event);

@@ -6,7 +6,7 @@
 
 #include "platform/contrast.h"
 #include "platform/fonts.h"
-#include "platform/native.h"
+#include "platform/toolkit_peer.h"
 
 namespace ta_vorlumine {
 

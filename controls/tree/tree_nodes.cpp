@@ -1,6 +1,7 @@
 #include "controls/tree/tree_nodes.h"
 
 #include <algorithm>
+#include <iterator>
 #include <stdexcept>
 
 namespace ta_vorlumine {
@@ -27,6 +28,16 @@ void append_to(tree_node& parent, std::shared_ptr<tree_node> node) {
 
 }  // namespace
 
+tree_node::~tree_node() {
+  auto below = std::move(children);
+  while (!below.empty()) {
+    const auto last = std::move(below.back());
+    below.pop_back();
+    std::move(last->children.begin(), last->children.end(), std::back_inserter(below));
+    last->children.clear();
+  }
+}
+
 tree_node& tree_nodes::add(tree_node& parent, std::string_view key, std::string_view text,
                            std::string_view tag) {
   auto node = std::make_shared<tree_node>();
@@ -44,9 +55,14 @@ tree_node& tree_nodes::add(tree_node& parent, std::string_view key, std::string_
 }
 
 void tree_nodes::forget(const tree_node& node) {
-  by_key_.erase(node.key);
-  in_order_[node.position] = nullptr;
-  for (const auto& child : node.children) forget(*child);
+  std::vector<const tree_node*> left{&node};
+  while (!left.empty()) {
+    const tree_node& gone = *left.back();
+    left.pop_back();
+    by_key_.erase(gone.key);
+    in_order_[gone.position] = nullptr;
+    for (const auto& child : gone.children) left.push_back(child.get());
+  }
 }
 
 void tree_nodes::remove(tree_node& node) {

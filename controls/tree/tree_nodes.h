@@ -35,6 +35,12 @@ struct tree_node {
   std::size_t row = 0;          ///< place among its siblings
   std::size_t position = 0;     ///< place in the order of adding, from 0
   std::vector<std::shared_ptr<tree_node>> children;
+
+  tree_node() = default;
+  tree_node(const tree_node&) = delete;
+  tree_node& operator=(const tree_node&) = delete;
+  /// Takes the subtree down in a loop: a call for each level could use up a small stack.
+  ~tree_node();
 };
 
 /// The nodes of a tree by key, by order of adding and by their family; knows nothing of windows.

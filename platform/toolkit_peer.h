@@ -9,11 +9,11 @@
 namespace platform {
 
 /// The toolkit's side of a control. The widget belongs to the window that it stands in.
-struct native {
-  explicit native(QWidget* made) : widget(made) {}
-  native(const native&) = delete;
-  native& operator=(const native&) = delete;
-  virtual ~native() = default;
+struct toolkit_peer {
+  explicit toolkit_peer(QWidget* made) : widget(made) {}
+  toolkit_peer(const toolkit_peer&) = delete;
+  toolkit_peer& operator=(const toolkit_peer&) = delete;
+  virtual ~toolkit_peer() = default;
 
   /// Where the keyboard stops in the control, in order.
   [[nodiscard]] virtual std::vector<QWidget*> stops() const { return {widget}; }
@@ -22,7 +22,7 @@ struct native {
 };
 
 template <class Widget>
-Widget& as(const native& peer) {
+Widget& as(const toolkit_peer& peer) {
   return *static_cast<Widget*>(peer.widget);
 }
 

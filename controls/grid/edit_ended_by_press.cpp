@@ -1,4 +1,4 @@
-#include "controls/grid/grid_press.h"
+#include "controls/grid/edit_ended_by_press.h"
 
 #include <QApplication>
 #include <QEvent>
@@ -8,12 +8,12 @@
 
 namespace ta_vorlumine {
 
-press_elsewhere::press_elsewhere(QTableView& view, grid_edit& edit, grid_cursor& cursor)
+edit_ended_by_press::edit_ended_by_press(QTableView& view, grid_edit& edit, grid_cursor& cursor)
     : view_(view), edit_(edit), cursor_(cursor) {
   qApp->installEventFilter(this);
 }
 
-bool press_elsewhere::eventFilter(QObject* receiver, QEvent* event) {
+bool edit_ended_by_press::eventFilter(QObject* receiver, QEvent* event) {
   const bool press =
       event->type() == QEvent::MouseButtonPress || event->type() == QEvent::MouseButtonDblClick;
   if (event->type() == QEvent::WindowBlocked && receiver == view_.window()) blocked_ = true;
@@ -23,7 +23,7 @@ bool press_elsewhere::eventFilter(QObject* receiver, QEvent* event) {
 // The press is swallowed if a message came up: its release went to the message, and the control
 // below would stay pressed. If the edit has emptied its row, and the row is gone, no other becomes
 // current: a button that deletes was meant for that one.
-bool press_elsewhere::swallows(const QWidget& target) {
+bool edit_ended_by_press::swallows(const QWidget& target) {
   if (&target == &edit_.editor().line() || target.window() != view_.window()) return false;
   blocked_ = false;
   const QPersistentModelIndex cell = edit_.is_open() ? view_.currentIndex() : QModelIndex();

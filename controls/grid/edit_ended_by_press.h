@@ -10,9 +10,9 @@ class QTableView;
 namespace ta_vorlumine {
 
 /// Takes the open edit when the user presses anything in the window of `view` but the editor.
-class press_elsewhere : public QObject {
+class edit_ended_by_press : public QObject {
  public:
-  press_elsewhere(QTableView& view, grid_edit& edit, grid_cursor& cursor);
+  edit_ended_by_press(QTableView& view, grid_edit& edit, grid_cursor& cursor);
 
  protected:
   bool eventFilter(QObject* receiver, QEvent* event) override;
