@@ -10,11 +10,6 @@
 namespace ADODB {
 namespace {
 
-void use_wal_mode(sqlite_database& database) {
-  if (database.first_cell("PRAGMA journal_mode=WAL") != "wal")
-    throw Error(failure_kind::other, "the file system can't hold a store in WAL mode");
-}
-
 /// Resets a prepared statement when its use ends, by a failure too: a statement that stopped
 /// between two rows would keep the store locked.
 class use_of {
@@ -99,10 +94,6 @@ sqlite_engine::sqlite_engine(const std::string& path, access access) : database_
     // SQLite takes an empty file for an empty database, but it is what is left of some other file.
     if (database_.first_cell("PRAGMA page_count") == "0")
       throw Error(failure_kind::other, sqlite3_errstr(SQLITE_NOTADB));
-    if (access == access::reading) return;
-    const bool is_store =
-        !database_.first_cell("select 1 from sqlite_schema where name='seqno'").empty();
-    if (is_store) use_wal_mode(database_);
   } catch (const Error& failure) {
     throw Error(failure.kind(), path + ": " + failure.what());
   }

@@ -11,9 +11,7 @@
 
 namespace ADODB {
 
-/// SQLite behind a connection. A store, known by its table seqno, is switched to WAL mode for good,
-/// so that other programs can read it while one writes; any other database is opened as it is, and
-/// so is a store that is opened for reading.
+/// SQLite behind a connection. Opening changes nothing in the file: its journal mode stays.
 class sqlite_engine : public engine {
  public:
   /// Opens the existing file at `path` (UTF-8).
