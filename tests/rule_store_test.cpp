@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <fstream>
 #include <sstream>
 
@@ -198,6 +199,32 @@ TEST_F(StoreRepair, ChangesNothingThatIsRefusedHalfWayOrThatNobodyIsTold) {
   EXPECT_EQ(rows(), before);
   EXPECT_NE(repaired(0), "");
   EXPECT_NE(rows(), before);
+}
+
+TEST(RuleStoreTool, CopiesAStoreToTheOtherEngineAndBackOrNothingOfIt) {
+  harness::test_store source, target;
+  source.load_sample();
+  const std::string file = (source.folder() / "{copy.db").string();
+  const std::string from = source.connect_string();
+  const std::string to = target.connect_string();
+  ASSERT_EQ(rule_store_with({"copy", from, file}).code, 0);
+  ASSERT_EQ(rule_store_with({"copy", "Driver=SQLite;Database={" + file + "}", to}).code, 0);
+  EXPECT_EQ(rule_store_with({"print", to, "--keys"}).output,
+            rule_store_with({"print", from, "--keys"}).output);
+  EXPECT_EQ(target.rows("select * from field"), source.rows("select * from field"));
+  EXPECT_EQ(target.rows("select * from seqno"), source.rows("select * from seqno"));
+  EXPECT_EQ(rule_store_with({"copy", from, to}).errors,
+            "rule_store: the target holds rows already, in its table field\n");
+
+  target.ignore_checks();
+  target.run("update replace set title='" + std::string(101, 'x') + "' where replace_no=2");
+  target.run("update replace_m set use_type=null where replace_no=17");
+  std::filesystem::remove(file);
+  const outcome refused = rule_store_with({"copy", to, file});
+  EXPECT_EQ(refused.code, 1);
+  EXPECT_TRUE(refused.output.starts_with("replace 2: ")) << refused.output;
+  EXPECT_EQ(std::ranges::count(refused.output, '\n'), 1) << refused.output;
+  EXPECT_FALSE(std::filesystem::exists(file));
 }
 
 TEST(Schema, RefusesWhatNoProgramMayStore) {

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "tool/store_check.h"
+#include "tool/store_copy.h"
 #include "tool/store_maker.h"
 #include "tool/store_print.h"
 #include "tool/store_repair.h"
@@ -23,7 +24,7 @@ using argument_list = std::span<const std::string_view>;
 struct command {
   std::string_view name;
   std::string_view usage;
-  std::optional<int> (*run)(argument_list arguments, std::ostream& output);
+  std::optional<int> (*run)(argument_list arguments, std::ostream& output, std::ostream& errors);
   int code_of_failure = 1;
 };
 
@@ -47,7 +48,7 @@ void flush(std::ostream& output) {
   if (!output.flush()) throw std::runtime_error("the output could not be written");
 }
 
-std::optional<int> init(argument_list arguments, std::ostream&) {
+std::optional<int> init(argument_list arguments, std::ostream&, std::ostream&) {
   const auto given = read_arguments(arguments, "--sample");
   if (!given) return std::nullopt;
   make_store(given->store, given->has_option ? content::sample : content::empty);
@@ -66,7 +67,7 @@ int repair(const std::string& store, std::ostream& output) {
   return is_clean ? 0 : 1;
 }
 
-std::optional<int> check(argument_list arguments, std::ostream& output) {
+std::optional<int> check(argument_list arguments, std::ostream& output, std::ostream&) {
   const auto given = read_arguments(arguments, "--repair");
   if (!given) return std::nullopt;
   if (given->has_option) return repair(given->store, output);
@@ -75,11 +76,26 @@ std::optional<int> check(argument_list arguments, std::ostream& output) {
   return faults.empty() ? 0 : 1;
 }
 
-std::optional<int> print(argument_list arguments, std::ostream& output) {
+std::optional<int> print(argument_list arguments, std::ostream& output, std::ostream&) {
   const auto given = read_arguments(arguments, "--keys");
   if (!given) return std::nullopt;
   print_store(read_store(given->store),
               given->has_option ? key_display::shown : key_display::hidden, output);
+  return 0;
+}
+
+std::optional<int> copy(argument_list arguments, std::ostream& output, std::ostream& errors) {
+  const bool fits = arguments.size() == 2 && std::ranges::none_of(arguments, [](auto argument) {
+                      return argument.empty() || argument.starts_with("--");
+                    });
+  if (!fits) return std::nullopt;
+  const auto report = copy_store(std::string(arguments[0]), std::string(arguments[1]),
+                                 [&](std::size_t done, std::size_t all) {
+                                   errors << done << " of " << all << " rows copied" << std::endl;
+                                 });
+  for (const std::string& row : report.unfit) output << row << '\n';
+  if (!report.unfit.empty()) throw std::runtime_error("nothing was copied");
+  for (const std::string& fault : report.faults) output << "as in the source: " << fault << '\n';
   return 0;
 }
 
@@ -109,6 +125,14 @@ constexpr std::array commands = {
         "    writes folders, definitions and rules as text to compare, with their keys if wished.\n"
         "    It only reads\n",
         print},
+    command{"copy",
+            "rule_store copy CONNECT_STRING FILE|CONNECT_STRING\n"
+            "    copies a whole store: into a new FILE, or a store of either engine that holds no "
+            "rows\n"
+            "    yet. One transaction: all of it, or nothing. Rows that the target can't hold are "
+            "named,\n"
+            "    and faults of the source, which the copy has, too\n",
+            copy},
 };
 
 int show_usage(std::ostream& errors) {
@@ -124,7 +148,7 @@ int run_command(argument_list arguments, std::ostream& output, std::ostream& err
   const auto wanted = std::ranges::find(commands, arguments.front(), &command::name);
   if (wanted == commands.end()) return show_usage(errors);
   try {
-    const std::optional<int> code = wanted->run(arguments.subspan(1), output);
+    const std::optional<int> code = wanted->run(arguments.subspan(1), output, errors);
     if (!code) return show_usage(errors);
     flush(output);
     return *code;

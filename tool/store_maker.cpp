@@ -28,12 +28,6 @@ void create_file(const std::string& path) {
   ::close(file);
 }
 
-void remove_files(const std::string& path) {
-  std::error_code ignored;
-  for (const char* suffix : {"", "-journal", "-wal", "-shm"})
-    std::filesystem::remove(path + suffix, ignored);
-}
-
 void fill(const std::string& path, content wanted) {
   ADODB::sqlite_database database(path);
   database.run("PRAGMA journal_mode=WAL; BEGIN");
@@ -47,7 +41,7 @@ void make_file(const std::string& path, content wanted) {
   try {
     fill(path, wanted);
   } catch (...) {
-    remove_files(path);
+    remove_store_file(path);
     throw;
   }
 }
@@ -71,6 +65,12 @@ bool looks_like_connection_string(std::string_view place) {
          place.find("://") != std::string_view::npos;
 }
 
+std::string in_braces(const std::string& text) {
+  std::string value = "{";
+  for (const char letter : text) value.append(letter == '}' ? 2 : 1, letter);
+  return value + '}';
+}
+
 // An entry that is not parted from the name by ";" belongs to the name.
 std::string file_named_by(const ADODB::connection_settings& settings) {
   const std::string& path = settings.values.at("database");
@@ -90,6 +90,23 @@ void make_store(const std::string& place, content wanted) {
   const auto settings = ADODB::read_connection_string(place);
   if (settings.driver == "sqlite") return make_file(file_named_by(settings), wanted);
   make_on_server(settings, wanted);
+}
+
+std::string connect_string_of(const std::string& place) {
+  return looks_like_connection_string(place) ? place : "Driver=SQLite;Database=" + in_braces(place);
+}
+
+std::string missing_file(const std::string& place) {
+  const auto settings = ADODB::read_connection_string(connect_string_of(place));
+  if (settings.driver != "sqlite") return {};
+  std::string file = file_named_by(settings);
+  return std::filesystem::exists(file) ? std::string() : file;
+}
+
+void remove_store_file(const std::string& path) {
+  std::error_code ignored;
+  for (const char* suffix : {"", "-journal", "-wal", "-shm"})
+    std::filesystem::remove(path + suffix, ignored);
 }
 
 }  // namespace rule_store

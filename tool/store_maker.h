@@ -13,4 +13,13 @@ enum class content { empty, sample };
 /// every failure; nothing half-made stays behind.
 void make_store(const std::string& place, content wanted);
 
+/// The connection string of what make_store() takes for a place.
+[[nodiscard]] std::string connect_string_of(const std::string& place);
+
+/// The file that `place` names where it does not exist yet; empty if it does, or names none.
+[[nodiscard]] std::string missing_file(const std::string& place);
+
+/// Removes a store's file, and those that the engine keeps beside it.
+void remove_store_file(const std::string& path);
+
 }  // namespace rule_store

@@ -1,0 +1,195 @@
+#include "tool/store_copy.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "store/connection.h"
+#include "store/error.h"
+#include "store/sql.h"
+#include "tool/copied_tables.h"
+#include "tool/store_check.h"
+#include "tool/store_maker.h"
+#include "tool/store_rows.h"
+
+namespace rule_store {
+namespace {
+
+constexpr std::size_t most_unfit_rows = 100;
+constexpr std::size_t rows_between_reports = 1000;
+
+using table_rows = std::vector<ADODB::Recordset>;
+
+/// A new file that goes again unless the copy gets to its end.
+class unfinished_file {
+ public:
+  explicit unfinished_file(std::string path) : path_(std::move(path)) {}
+  unfinished_file(const unfinished_file&) = delete;
+  unfinished_file& operator=(const unfinished_file&) = delete;
+  ~unfinished_file() {
+    if (!path_.empty()) remove_store_file(path_);
+  }
+  void keep() { path_.clear(); }
+
+ private:
+  std::string path_;
+};
+
+/// "replace_cond 12/3/1".
+std::string row_name(const copied_table& table, const ADODB::Fields& row) {
+  std::string name(table.name);
+  for (std::size_t key = 0; key < table.keys; ++key)
+    name += (key == 0 ? ' ' : '/') + row.Item(key).Value().text();
+  return name;
+}
+
+table_rows read_rows(ADODB::Connection& connection) {
+  table_rows rows;
+  for (const copied_table& table : copied_tables) rows.push_back(connection.Execute(table.select));
+  return rows;
+}
+
+ADODB::statement insert_of(const copied_table& table, const ADODB::Fields& row) {
+  ADODB::statement insert{table.insert, {}};
+  for (std::size_t column = 0; column < row.Count(); ++column) {
+    const ADODB::argument cell(row.Item(column).Value());
+    insert.parameters.push_back(table.insert.is_quoted(column) ? cell.quoted() : cell.unquoted());
+  }
+  return insert;
+}
+
+bool is_about_the_row(const ADODB::Error& failure) {
+  return failure.kind() == ADODB::failure_kind::refused_by_check ||
+         failure.kind() == ADODB::failure_kind::refused_by_key ||
+         failure.kind() == ADODB::failure_kind::other;
+}
+
+bool same_cells(const ADODB::Fields& one, const ADODB::Fields& other) {
+  for (std::size_t column = 0; column < one.Count(); ++column) {
+    const ADODB::Value cell = one.Item(column).Value();
+    const ADODB::Value copied = other.Item(column).Value();
+    if (cell.is_null() != copied.is_null() || cell.text() != copied.text()) return false;
+  }
+  return true;
+}
+
+/// Puts the rows of a source into the tables of a target, inside the target's transaction.
+class row_copier {
+ public:
+  row_copier(const table_rows& rows, ADODB::Connection& target, const copy_progress& tell)
+      : rows_(rows), target_(target), tell_(tell) {
+    for (const ADODB::Recordset& table : rows) all_ += table.RecordCount();
+  }
+
+  /// False where the target refuses a row.
+  bool insert_all() {
+    try {
+      for_each_row([this](const copied_table& table, const ADODB::Fields& row) {
+        target_.Execute(insert_of(table, row));
+        if (++done_ % rows_between_reports == 0) tell_(done_, all_);
+      });
+    } catch (const ADODB::Error& failure) {
+      if (!is_about_the_row(failure)) throw;
+      return false;
+    }
+    return true;
+  }
+
+  // A savepoint for each row lets the transaction go on behind a refused one on every engine.
+  std::vector<std::string> refused_rows() {
+    std::vector<std::string> refused;
+    for_each_row([&](const copied_table& table, const ADODB::Fields& row) {
+      if (refused.size() == most_unfit_rows) return;
+      target_.Execute("savepoint a_row");
+      try {
+        target_.Execute(insert_of(table, row));
+      } catch (const ADODB::Error& failure) {
+        if (!is_about_the_row(failure)) throw;
+        target_.Execute("rollback to savepoint a_row");
+        refused.push_back(row_name(table, row) + ": " + failure.what());
+      }
+    });
+    return refused;
+  }
+
+  /// The rows that the target took and doesn't hold as they were: a number with more digits than it
+  /// keeps, say.
+  std::vector<std::string> changed_rows() {
+    std::vector<std::string> changed;
+    const table_rows copied = read_rows(target_);
+    for (std::size_t i = 0; i < rows_.size(); ++i) {
+      for (std::size_t row = 0; row < rows_[i].RecordCount(); ++row) {
+        const ADODB::Fields original = rows_[i].Fields(row);
+        const bool same =
+            row < copied[i].RecordCount() && same_cells(original, copied[i].Fields(row));
+        if (!same && changed.size() < most_unfit_rows)
+          changed.push_back(row_name(copied_tables.at(i), original) +
+                            ": the target would hold it otherwise");
+      }
+    }
+    return changed;
+  }
+
+ private:
+  template <class Visitor>
+  void for_each_row(const Visitor& visit) const {
+    for (std::size_t i = 0; i < rows_.size(); ++i)
+      for (std::size_t row = 0; row < rows_[i].RecordCount(); ++row)
+        visit(copied_tables.at(i), rows_[i].Fields(row));
+  }
+
+  const table_rows& rows_;
+  ADODB::Connection& target_;
+  const copy_progress& tell_;
+  std::size_t all_ = 0;
+  std::size_t done_ = 0;
+};
+
+/// The counters' row alone doesn't make a store used: every new one has it.
+void refuse_used_tables(const table_rows& rows) {
+  for (std::size_t i = 0; i < rows.size(); ++i) {
+    if (copied_tables.at(i).keys > 0 && rows[i].RecordCount() > 0)
+      throw ADODB::Error(
+          ADODB::failure_kind::other,
+          "the target holds rows already, in its table " + std::string(copied_tables.at(i).name));
+  }
+}
+
+/// In the target's open transaction. What it gives is empty if all rows stand as in the source.
+std::vector<std::string> copy_rows(const table_rows& rows, ADODB::Connection& target,
+                                   const copy_progress& tell) {
+  refuse_used_tables(read_rows(target));
+  target.Execute("delete from seqno");
+  target.Execute("savepoint no_row");
+  row_copier copier(rows, target, tell);
+  if (copier.insert_all()) return copier.changed_rows();
+  target.Execute("rollback to savepoint no_row");
+  return copier.refused_rows();
+}
+
+}  // namespace
+
+copy_report copy_store(const std::string& source, const std::string& target,
+                       const copy_progress& tell) {
+  ADODB::Connection from;
+  from.Open(source, ADODB::access::reading);
+  from.BeginTrans();
+  const table_rows rows = read_rows(from);
+  copy_report report{{}, faults_of(read_tables(from))};
+  from.Close();
+
+  const std::string new_file = missing_file(target);
+  if (!new_file.empty()) make_store(target, content::empty);
+  unfinished_file file(new_file);
+  ADODB::Connection to;
+  to.Open(connect_string_of(target));
+  to.BeginTrans(ADODB::purpose::writing);
+  report.unfit = copy_rows(rows, to, tell);
+  if (!report.unfit.empty()) return report;
+  if (faults_of(read_tables(to)) != report.faults)
+    throw ADODB::Error(ADODB::failure_kind::other, "the copy does not read like its source");
+  to.CommitTrans();
+  file.keep();
+  return report;
+}
+
+}  // namespace rule_store
