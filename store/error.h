@@ -10,7 +10,7 @@ enum class failure_kind {
   refused_by_check,  ///< a column doesn't take the value
   busy,              ///< another program holds the store locked longer than the time-out
   stale,  ///< another program has written or writes since this transaction has read; begin anew
-  lost_connection,  ///< the server is gone; what the statement did is unknown
+  lost_connection,  ///< the server or the file is gone; what the statement did is unknown
   read_only,        ///< the store takes no writes from this program
   full,             ///< the disk has no room
   other

@@ -1,7 +1,6 @@
 #include "store/sqlite_database.h"
 
 #include "store/error.h"
-#include "store/sqlite_file.h"
 
 namespace ADODB {
 namespace {
@@ -24,6 +23,8 @@ failure_kind kind_of(int code) {
       return failure_kind::refused_by_check;
     case SQLITE_BUSY_SNAPSHOT:
       return failure_kind::stale;
+    case SQLITE_READONLY_DBMOVED:
+      return failure_kind::lost_connection;
     case SQLITE_FULL:
       return failure_kind::full;
     default:
@@ -36,9 +37,17 @@ failure_kind kind_of(int code) {
   throw Error(kind_of(code), sqlite3_errstr(code));
 }
 
+store_place place_of(const std::string& path) {
+  try {
+    return store_place(path);
+  } catch (const std::exception& failure) {
+    throw Error(failure_kind::other, path + ": " + failure.what());
+  }
+}
+
 }  // namespace
 
-sqlite_database::sqlite_database(const std::string& path, access access) {
+sqlite_database::sqlite_database(const std::string& path, access access) : place_(place_of(path)) {
   try {
     open(sqlite_name_of(path, access), access);
   } catch (const Error& failure) {
@@ -64,6 +73,7 @@ void sqlite_database::open(const std::string& name, access access) {
   run("PRAGMA synchronous=FULL");
   // Opening reads nothing of the file: this statement does, and fails if it is no database.
   run("select count(*) from sqlite_schema");
+  static_cast<void>(is_in_place());  // in WAL mode the log is there by now: which one is remembered
 }
 
 sqlite_statement sqlite_database::prepare(std::string_view text) {
@@ -105,6 +115,20 @@ std::string sqlite_database::first_cell(std::string_view statement) {
 
 bool sqlite_database::has_transaction() const {
   return sqlite3_get_autocommit(handle_.get()) == 0;
+}
+
+bool sqlite_database::is_in_place() {
+  const bool has_same_log = place_.has_same_log();
+  return has_same_log && place_.has_same_file();
+}
+
+// Where only the log was taken away, the file may have been written over: what the log held would
+// ruin it.
+bool sqlite_database::leave() {
+  if (has_transaction()) run("ROLLBACK");
+  if (!place_.has_same_file()) return first_cell("PRAGMA wal_checkpoint(TRUNCATE)") == "0";
+  check(sqlite3_db_config(handle_.get(), SQLITE_DBCONFIG_NO_CKPT_ON_CLOSE, 1, nullptr));
+  return true;
 }
 
 void sqlite_database::check(int code) const {

@@ -7,6 +7,7 @@
 #include <string_view>
 
 #include "store/connection_string.h"
+#include "store/sqlite_file.h"
 
 namespace ADODB {
 
@@ -38,6 +39,14 @@ class sqlite_database {
   /// Whether a transaction that was begun still lasts: a failure may have ended it.
   [[nodiscard]] bool has_transaction() const;
 
+  /// False once the file, or its log in WAL mode, was renamed, deleted or replaced.
+  [[nodiscard]] bool is_in_place();
+
+  /// For a file that is no longer in place, before it is closed: rolls back, and brings what was
+  /// committed into the file, wherever that is now, so that nothing of it stays in the log for
+  /// another file at the path. False if another program's reading prevents that.
+  [[nodiscard]] bool leave();
+
   /// Raises the failure that `code` stands for, with the text of the last call; returns on success.
   void check(int code) const;
 
@@ -48,6 +57,7 @@ class sqlite_database {
 
   void open(const std::string& name, access access);
 
+  store_place place_;
   std::unique_ptr<sqlite3, closer> handle_;
 };
 

@@ -1,6 +1,7 @@
 #include "store/sqlite_engine.h"
 
 #include <charconv>
+#include <filesystem>
 #include <memory>
 #include <utility>
 
@@ -9,6 +10,14 @@
 
 namespace ADODB {
 namespace {
+
+// SQLite takes an empty file for an empty database, but it is what is left of some other file.
+sqlite_database open_store(const std::string& path, access access) {
+  sqlite_database database(path, access);
+  if (database.first_cell("PRAGMA page_count") == "0")
+    throw Error(failure_kind::other, path + ": " + sqlite3_errstr(SQLITE_NOTADB));
+  return database;
+}
 
 /// Resets a prepared statement when its use ends, by a failure too: a statement that stopped
 /// between two rows would keep the store locked.
@@ -89,15 +98,11 @@ int preparations_of(sqlite3_stmt* statement) {
 
 }  // namespace
 
-sqlite_engine::sqlite_engine(const std::string& path, access access) : database_(path, access) {
-  try {
-    // SQLite takes an empty file for an empty database, but it is what is left of some other file.
-    if (database_.first_cell("PRAGMA page_count") == "0")
-      throw Error(failure_kind::other, sqlite3_errstr(SQLITE_NOTADB));
-  } catch (const Error& failure) {
-    throw Error(failure.kind(), path + ": " + failure.what());
-  }
-}
+// A path that doesn't begin at the root would name another file once the host changes its folder.
+sqlite_engine::sqlite_engine(const std::string& path, access access)
+    : path_(std::filesystem::absolute(path).string()),
+      access_(access),
+      database_(open_store(path, access)) {}
 
 result sqlite_engine::execute(const statement& statement) {
   return run(kept_statement_of(statement.text), statement.parameters);
@@ -109,43 +114,74 @@ result sqlite_engine::execute(std::string_view text) {
 }
 
 void sqlite_engine::begin(purpose purpose) {
-  database_.run(purpose == purpose::writing ? "BEGIN IMMEDIATE" : "BEGIN");
+  sqlite_database& database = usable_database();
+  require_in_place();
+  database.run(purpose == purpose::writing ? "BEGIN IMMEDIATE" : "BEGIN");
   in_transaction_ = true;
 }
 
 void sqlite_engine::commit() {
-  database_.run("COMMIT");
+  sqlite_database& database = usable_database();
+  require_in_place();
+  database.run("COMMIT");
   in_transaction_ = false;
+  require_in_place();
 }
 
 void sqlite_engine::rollback() {
   // After a failure such as a full disk SQLite has taken everything back by itself.
-  if (database_.has_transaction()) database_.run("ROLLBACK");
+  if (database_ && database_->has_transaction()) database_->run("ROLLBACK");
   in_transaction_ = false;
+}
+
+sqlite_database& sqlite_engine::usable_database() {
+  if (database_) return *database_;
+  if (in_transaction_)
+    throw Error(failure_kind::lost_connection,
+                path_ + ": the file was taken away, and the transaction with it");
+  try {
+    return database_.emplace(open_store(path_, access_));
+  } catch (const Error& failure) {
+    throw Error(failure_kind::lost_connection, failure.what());
+  }
+}
+
+void sqlite_engine::require_in_place() {
+  if (access_ == access::reading || database_->is_in_place()) return;
+  if (database_->leave()) {
+    statements_.clear();
+    database_.reset();
+  }
+  throw Error(failure_kind::lost_connection,
+              path_ + ": the file was moved, deleted or replaced while it was open");
 }
 
 sqlite_engine::prepared_statement sqlite_engine::prepare(std::string_view text) {
   prepared_statement fresh;
-  fresh.handle = database_.prepare(text);
+  fresh.handle = usable_database().prepare(text);
   fresh.columns = names_of(fresh.handle.get());
   fresh.is_boolean = boolean_columns_of(fresh.handle.get());
   return fresh;
 }
 
 sqlite_engine::prepared_statement& sqlite_engine::kept_statement_of(const words& text) {
+  static_cast<void>(usable_database());
   if (const auto found = statements_.find(text); found != statements_.end()) return found->second;
   return statements_.emplace(text, prepare(text.with_parameters(parameter_form::question_mark)))
       .first->second;
 }
 
+// A file that is taken away while the statement is being committed is seen behind it.
 result sqlite_engine::run(prepared_statement& statement, const std::vector<parameter>& parameters) {
   // Some failures make SQLite roll back by itself. Each later statement would then be committed at
   // once, although the caller means to roll all of them back together.
-  if (in_transaction_ && !database_.has_transaction())
+  if (in_transaction_ && !database_->has_transaction())
     throw Error(failure_kind::other, "the transaction was taken back after a failure");
-  const use_of use(statement.handle.get());
-  bind(statement.handle.get(), parameters);
-  return rows_of(statement);
+  const bool commits = !in_transaction_ && sqlite3_stmt_readonly(statement.handle.get()) == 0;
+  if (commits) require_in_place();
+  result rows = rows_of(statement, parameters);
+  if (commits) require_in_place();
+  return rows;
 }
 
 void sqlite_engine::bind(sqlite3_stmt* statement, const std::vector<parameter>& parameters) const {
@@ -153,12 +189,15 @@ void sqlite_engine::bind(sqlite3_stmt* statement, const std::vector<parameter>& 
     throw Error(failure_kind::other, "the statement leaves a value open");
   int position = 0;
   for (const parameter& value : parameters)
-    database_.check(std::visit(binder{statement, ++position}, value));
+    database_->check(std::visit(binder{statement, ++position}, value));
 }
 
-result sqlite_engine::rows_of(prepared_statement& statement) {
+result sqlite_engine::rows_of(prepared_statement& statement,
+                              const std::vector<parameter>& parameters) {
   sqlite3_stmt* const handle = statement.handle.get();
-  bool has_row = database_.step(handle);
+  const use_of use(handle);
+  bind(handle, parameters);
+  bool has_row = database_->step(handle);
   // If a table has changed since, the first step prepares the statement anew, with other columns.
   if (const int preparations = preparations_of(handle); preparations != statement.preparations) {
     statement.preparations = preparations;
@@ -167,7 +206,7 @@ result sqlite_engine::rows_of(prepared_statement& statement) {
   }
   result rows{statement.columns, {}};
   const std::size_t columns = rows.columns->size();
-  for (; has_row; has_row = database_.step(handle)) {
+  for (; has_row; has_row = database_->step(handle)) {
     // Most results have a row or two: space for a whole row at once, and then for twice as many.
     if (rows.cells.capacity() < rows.cells.size() + columns)
       rows.cells.reserve(2 * (rows.cells.size() + columns));

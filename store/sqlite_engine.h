@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -12,6 +13,9 @@
 namespace ADODB {
 
 /// SQLite behind a connection. Opening changes nothing in the file: its journal mode stays.
+/// Whatever writes, and every transaction, is refused by a lost connection if the file no longer
+/// lies at its path; the next command then opens what lies there, inside a transaction only the
+/// next after its rollback.
 class sqlite_engine : public engine {
  public:
   /// Opens the existing file at `path` (UTF-8).
@@ -34,13 +38,18 @@ class sqlite_engine : public engine {
     std::size_t operator()(const words& text) const { return text.fingerprint().hash(); }
   };
 
+  [[nodiscard]] sqlite_database& usable_database();
+  void require_in_place();
   [[nodiscard]] prepared_statement prepare(std::string_view text);
   [[nodiscard]] prepared_statement& kept_statement_of(const words& text);
   [[nodiscard]] result run(prepared_statement& statement, const std::vector<parameter>& parameters);
   void bind(sqlite3_stmt* statement, const std::vector<parameter>& parameters) const;
-  [[nodiscard]] result rows_of(prepared_statement& statement);
+  [[nodiscard]] result rows_of(prepared_statement& statement,
+                               const std::vector<parameter>& parameters);
 
-  sqlite_database database_;
+  std::string path_;
+  access access_;
+  std::optional<sqlite_database> database_;  ///< nothing once it was found to be taken away
   /// As many as there are different words in the program, at most.
   std::unordered_map<words, prepared_statement, words_hash> statements_;
   bool in_transaction_ = false;

@@ -1,6 +1,7 @@
 #include "store/sqlite_file.h"
 
 #include <fcntl.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <array>
@@ -68,6 +69,28 @@ std::string sqlite_name_of(const std::string& path, access access) {
   if (access == access::reading && is_fixed && is_in_wal_mode(file) && is_at_rest(file))
     return immutable(file.string());
   return file.string();
+}
+
+// SQLite names the log after the file that a link leads to.
+store_place::store_place(const std::string& path)
+    : file_(existing_file(path)),
+      log_(fs::canonical(file_).string() + "-wal"),
+      known_file_(identity_of(file_)) {}
+
+bool store_place::has_same_file() const {
+  return identity_of(file_) == known_file_;
+}
+
+bool store_place::has_same_log() {
+  const identity found = identity_of(log_);
+  if (!known_log_) known_log_ = found;
+  return found == known_log_;
+}
+
+store_place::identity store_place::identity_of(const fs::path& path) {
+  struct stat status {};
+  if (::stat(path.c_str(), &status) != 0) return std::nullopt;
+  return std::pair(status.st_dev, status.st_ino);
 }
 
 }  // namespace ADODB

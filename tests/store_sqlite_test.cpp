@@ -79,6 +79,67 @@ TEST_F(SqliteEngine, OpenChangesNothing) {
   EXPECT_EQ(connection.Execute("PRAGMA journal_mode").Fields().Item(0).Value().text(), "wal");
 }
 
+// Whatever becomes of the file: nothing is lost that counted as stored, and what lies at the path
+// is opened by the next command.
+TEST_F(SqliteEngine, NoticesThatTheFileWasTakenFromItsPath) {
+  using std::filesystem::rename;
+  const auto lost = [&](const std::function<void()>& command) {
+    const Error failure = failure_of(command);
+    EXPECT_EQ(failure.kind(), failure_kind::lost_connection);
+    EXPECT_NE(std::string(failure.what()).find("store.db"), std::string::npos) << failure.what();
+  };
+  const auto advance = [&] { advance_number(connection, "replace"); };
+  const auto counted = [&] { return last_number(connection, "replace"); };
+  for (const char* mode : {"wal", "delete"}) {
+    std::filesystem::remove(file("old.db"));
+    connection.Close();
+    run_apart(file("store.db"), (std::string("PRAGMA journal_mode=") + mode).c_str());
+    copy_file(file("store.db"), file("backup.db"));
+    connection.Open(store.connect_string());
+    const std::int64_t before = counted().value();
+
+    advance();
+    rename(file("store.db"), file("old.db"));
+    lost(advance);
+    lost([&] { (void)counted(); });
+    EXPECT_FALSE(std::filesystem::exists(file("store.db")));
+    rename(file("old.db"), file("store.db"));
+    EXPECT_EQ(counted(), before + 1);
+
+    connection.BeginTrans();
+    advance();
+    copy_file(file("store.db"), file("old.db"));
+    rename(file("backup.db"), file("store.db"));
+    lost([&] { connection.CommitTrans(); });
+    lost([&] { (void)counted(); });
+    connection.RollbackTrans();
+    EXPECT_EQ(counted(), before) << mode;
+    advance();
+    EXPECT_EQ(connection.Execute("PRAGMA integrity_check").Fields().Item(0).Value().text(), "ok");
+    connection.BeginTrans();
+    std::filesystem::remove(file("store.db"));
+    lost([&] { connection.CommitTrans(); });
+    connection.RollbackTrans();
+    lost([&] { connection.BeginTrans(); });
+    rename(file("old.db"), file("store.db"));
+    EXPECT_EQ(counted(), before + 1) << mode;
+  }
+}
+
+TEST_F(SqliteEngine, NoticesABackupThatWasWrittenOverItsFile) {
+  using std::filesystem::copy_options;
+  connection.Close();
+  copy_file(file("store.db"), file("used.db"));
+  connection.Open("Driver=SQLite;Database=" + file("used.db").string());
+  const auto add = [&] { connection.Execute("insert into field values('a','a','T')"); };
+  add();
+  for (const char* log : {"used.db-wal", "used.db-shm"}) std::filesystem::remove(file(log));
+  copy_file(file("store.db"), file("used.db"), copy_options::overwrite_existing);
+  EXPECT_EQ(failure_of(add).kind(), failure_kind::lost_connection);
+  add();
+  EXPECT_EQ(connection.Execute("select * from field").RecordCount(), 1U);
+}
+
 TEST_F(SqliteEngine, WritesNothingMoreInATransactionThatTheEngineTookBack) {
   store.run("create trigger t before delete on field begin select raise(rollback, 'full'); end");
   store.run("insert into field values('a','a','T')");
