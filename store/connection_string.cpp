@@ -14,13 +14,23 @@ namespace {
 const std::map<std::string, std::vector<std::string_view>>& keys_of_drivers() {
   static const std::map<std::string, std::vector<std::string_view>> keys = {
       {"sqlite", {"database"}},
-      {"postgresql", {"server", "port", "database", "uid", "pwd", "sslmode"}},
+      {"postgresql",
+       {"server", "port", "database", "uid", "pwd", "sslmode", "sslrootcert", "service",
+        "connecttimeout", "statementtimeout", "locktimeout"}},
   };
   return keys;
 }
 
 [[noreturn]] void refuse(const std::string& text) {
   throw Error(failure_kind::other, "connection string: " + text);
+}
+
+bool is_limit(std::string_view seconds) {
+  constexpr std::size_t most_digits = 4;
+  if (seconds.empty() || seconds.size() > most_digits) return false;
+  if (!std::ranges::all_of(seconds, is_digit)) return false;
+  const int number = std::stoi(std::string(seconds));
+  return number >= 1 && number <= 3600;
 }
 
 /// Takes the entries from a text, one after the other.
@@ -97,7 +107,12 @@ connection_settings read_connection_string(std::string_view text) {
   for (const auto& [key, value] : settings.values)
     if (std::ranges::find(known->second, key) == known->second.end())
       refuse(named_in[key] + " has a key that this driver does not know");
-  if (settings.values["database"].empty()) refuse("it names no Database");
+  for (const auto& [key, value] : settings.values)
+    if (key.ends_with("timeout") && !is_limit(value))
+      refuse(named_in[key] + " is no whole number of seconds from 1 to 3600");
+  // The file of services may name the database.
+  if (!settings.values.contains("service") && settings.values["database"].empty())
+    refuse("it names no Database");
   return settings;
 }
 

@@ -18,8 +18,9 @@ struct connection_settings {
 };
 
 /// Reads `Key=value;Key=value`; a value that holds ";" stands in braces: {a;b}. Raises Error on an
-/// empty text, no or an unknown driver, a repeated or unknown key and a missing Database. The text
-/// of a failure names entries by their number, never by content, since that may be a password.
+/// empty text, no or an unknown driver, a repeated or unknown key, a time limit that is none and a
+/// missing Database. The text of a failure names entries by their number, never by content, since
+/// that may be a password.
 [[nodiscard]] connection_settings read_connection_string(std::string_view text);
 
 }  // namespace ADODB

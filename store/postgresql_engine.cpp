@@ -6,6 +6,7 @@
 
 #include "store/error.h"
 #include "store/postgresql_values.h"
+#include "store/text.h"
 
 namespace ADODB {
 namespace {
@@ -19,14 +20,20 @@ bool has_state(const PGresult* answer, std::string_view state) {
   return field && field == state;
 }
 
-/// The name of a prepared statement. It follows from the statement alone, so that in a session that
-/// is shared through a pool no program runs what another one has prepared under the same name.
+/// The name of a prepared statement. It follows from the statement alone, so that even in a session
+/// that is shared unnoticed no program runs what another one has prepared under the same name.
 std::string name_of(const words& text, const std::vector<bound_value>& values,
                     std::uint64_t generation) {
   fingerprint content = text.fingerprint();
   for (const bound_value& value : values) content.add(std::uint64_t{value.type});
   content.add(generation);
   return "vorlumine_" + content.text();
+}
+
+/// The program's own selects change nothing.
+bool is_look_up(std::string_view text) {
+  constexpr std::string_view select = "select ";
+  return equal_in_any_case(trimmed(text).substr(0, select.size()), select);
 }
 
 column_names names_of(const PGresult* answer) {
@@ -51,23 +58,44 @@ result rows_of(const PGresult* answer) {
 postgresql_engine::postgresql_engine(connection_settings settings)
     : settings_(std::move(settings)), session_(std::make_unique<postgresql_session>(settings_)) {}
 
+template <class Request>
+std::invoke_result_t<Request, postgresql_session&> postgresql_engine::sent_again_if_lost(
+    bool changes_nothing, const Request& request) {
+  postgresql_session& session = usable_session();
+  try {
+    return request(session);
+  } catch (const Error& failure) {
+    const bool is_lost = failure.kind() == failure_kind::lost_connection;
+    if (!is_lost || !changes_nothing || in_transaction_ || session.was_given_up()) throw;
+  }
+  return request(usable_session());
+}
+
 result postgresql_engine::execute(const statement& statement) {
   std::vector<bound_value> values;
   values.reserve(statement.parameters.size());
   for (const parameter& value : statement.parameters) values.push_back(bound(value));
-  return rows_of(answer_to(statement.text, values).get());
+  const auto request = [&](postgresql_session& session) {
+    return rows_of(answer_to(session, statement.text, values).get());
+  };
+  return sent_again_if_lost(is_look_up(statement.text.text()), request);
 }
 
 result postgresql_engine::execute(std::string_view text) {
   refuse_zero_character(text);
-  return rows_of(usable_session().execute(std::string(text)).get());
+  return sent_again_if_lost(is_look_up(text), [&](postgresql_session& session) {
+    const postgresql_answer answer = session.execute_text(std::string(text), {});
+    session.check(answer.get());
+    return rows_of(answer.get());
+  });
 }
 
 void postgresql_engine::begin(purpose) {
   // All reads of the transaction show the store as of its first statement, and writing to a row
   // that another program has changed since is refused as stale, instead of overwriting the change.
   const char* const reads = settings_.opened_for == access::reading ? " READ ONLY" : "";
-  usable_session().run(std::string("BEGIN ISOLATION LEVEL REPEATABLE READ") + reads);
+  const std::string words = std::string("BEGIN ISOLATION LEVEL REPEATABLE READ") + reads;
+  sent_again_if_lost(true, [&](postgresql_session& session) { session.begin(words); });
   in_transaction_ = true;
 }
 
@@ -87,10 +115,7 @@ void postgresql_engine::rollback() {
 }
 
 postgresql_session& postgresql_engine::usable_session() {
-  if (!in_transaction_ && session_->is_lost()) {
-    prepared_.clear();
-    session_ = std::make_unique<postgresql_session>(settings_);
-  }
+  if (!in_transaction_ && session_->has_ended()) connect_anew();
   if (session_->is_lost())
     throw Error(failure_kind::lost_connection,
                 "the connection to the server was lost, and the transaction with it");
@@ -100,9 +125,25 @@ postgresql_session& postgresql_engine::usable_session() {
   return *session_;
 }
 
-postgresql_answer postgresql_engine::answer_to(const words& text,
+void postgresql_engine::connect_anew() {
+  prepared_.clear();
+  try {
+    session_ = std::make_unique<postgresql_session>(settings_);
+  } catch (const Error& failure) {
+    throw Error(failure_kind::lost_connection,
+                std::string("the connection to the server was lost, and can't be made again: ") +
+                    failure.what());
+  }
+}
+
+postgresql_answer postgresql_engine::answer_to(postgresql_session& session, const words& text,
                                                const std::vector<bound_value>& values) {
-  postgresql_session& session = usable_session();
+  if (session.is_pooled()) {
+    postgresql_answer answer =
+        session.execute_text(text.with_parameters(parameter_form::numbered), values);
+    session.check(answer.get());
+    return answer;
+  }
   std::string name = prepared(text, values);
   postgresql_answer answer = session.execute(name, values);
   const bool changed = has_state(answer.get(), tables_have_changed);

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <unordered_set>
 #include <vector>
 
@@ -12,9 +13,10 @@
 
 namespace ADODB {
 
-/// PostgreSQL behind a connection. A command that meets a lost connection is refused and never
-/// repeated, since what it did is unknown; outside a transaction the next command connects anew,
-/// inside one only the next after its rollback.
+/// PostgreSQL behind a connection. Outside a transaction a command that finds the connection lost
+/// connects anew. One that loses it under way is sent again if it only looks something up or begins
+/// a transaction; any other is refused, since what it did is unknown. Inside a transaction all are
+/// refused up to the rollback. A server that gave no answer in time is not asked twice.
 class postgresql_engine : public engine {
  public:
   explicit postgresql_engine(connection_settings settings);
@@ -29,7 +31,11 @@ class postgresql_engine : public engine {
 
  private:
   [[nodiscard]] postgresql_session& usable_session();
-  [[nodiscard]] postgresql_answer answer_to(const words& text,
+  void connect_anew();
+  template <class Request>
+  std::invoke_result_t<Request, postgresql_session&> sent_again_if_lost(bool changes_nothing,
+                                                                        const Request& request);
+  [[nodiscard]] postgresql_answer answer_to(postgresql_session& session, const words& text,
                                             const std::vector<bound_value>& values);
   [[nodiscard]] std::string prepared(const words& text, const std::vector<bound_value>& values);
 

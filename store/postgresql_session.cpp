@@ -1,11 +1,14 @@
 #include "store/postgresql_session.h"
 
 #include <poll.h>
+#include <sys/socket.h>
 
 #include <array>
 #include <cerrno>
 #include <chrono>
+#include <future>
 #include <string_view>
+#include <thread>
 #include <utility>
 
 #include "store/error.h"
@@ -15,64 +18,12 @@ namespace {
 
 using std::chrono::steady_clock;
 
-// A wait for a lock ends after 5 seconds (lock_timeout below), and no statement of the program
-// computes for long: a server that says nothing for 30 seconds hangs, or can't be reached any more.
-constexpr std::chrono::seconds answer_timeout(30);
-
-// Several selects have no ORDER BY, and their rows are shown in the order of the index that finds
-// them. Sequential scans, bitmap scans and parallel workers give another order, so the planner is
-// kept from them. Where it has no other way it takes one of them at a penalty cost, and that cost
-// would trigger JIT compilation, which takes milliseconds: hence jit=off.
-constexpr auto session_settings =
-    "SET lock_timeout='5s'; SET standard_conforming_strings=on; SET enable_seqscan=off;"
-    "SET enable_bitmapscan=off; SET max_parallel_workers_per_gather=0; SET jit=off";
+// The server itself ends a statement that takes too long. Its word of that needs a moment.
+constexpr std::chrono::seconds longest_way(2);
 
 std::string without_line_end(std::string text) {
   text.erase(text.find_last_not_of(" \n") + 1);
   return text;
-}
-
-struct option {
-  const char* keyword;
-  const char* key;  ///< of the connection string
-};
-constexpr std::array<option, 6> given_options = {{{"host", "server"},
-                                                  {"port", "port"},
-                                                  {"dbname", "database"},
-                                                  {"user", "uid"},
-                                                  {"password", "pwd"},
-                                                  {"sslmode", "sslmode"}}};
-constexpr std::array<std::pair<const char*, const char*>, 7> fixed_options = {
-    {{"client_encoding", "UTF8"},
-     {"application_name", "ta_vorlumine"},
-     {"connect_timeout", "10"},
-     {"tcp_user_timeout", "20000"},
-     {"keepalives_idle", "10"},
-     {"keepalives_interval", "5"},
-     {"keepalives_count", "2"}}};
-
-PGconn* connect(const connection_settings& settings) {
-  std::vector<const char*> keywords;
-  std::vector<const char*> values;
-  for (const auto& [keyword, value] : fixed_options) {
-    keywords.push_back(keyword);
-    values.push_back(value);
-  }
-  // A server that can only be read is refused for writing, as such a file is.
-  if (settings.opened_for == access::writing) {
-    keywords.push_back("target_session_attrs");
-    values.push_back("read-write");
-  }
-  for (const auto& [keyword, key] : given_options) {
-    const auto found = settings.values.find(key);
-    if (found == settings.values.end()) continue;
-    keywords.push_back(keyword);
-    values.push_back(found->second.c_str());
-  }
-  keywords.push_back(nullptr);
-  values.push_back(nullptr);
-  // The 0 keeps libpq from reading a database name with a "=" in it as a connection string.
-  return PQconnectdbParams(keywords.data(), values.data(), 0);
 }
 
 std::string_view field_of(const PGresult* answer, int field) {
@@ -90,9 +41,24 @@ bool is_copy(const PGresult* answer) {
   return status == PGRES_COPY_IN || status == PGRES_COPY_OUT || status == PGRES_COPY_BOTH;
 }
 
-bool tells_loss(std::string_view state) {
-  constexpr std::string_view protocol_violation = "08P01";  // ends a statement, not the session
-  return state.starts_with("57P") || (state.starts_with("08") && state != protocol_violation);
+/// Whether the server or the pool ends the session with this failure.
+bool tells_loss(const PGresult* answer) {
+  const std::string_view severity = field_of(answer, PG_DIAG_SEVERITY_NONLOCALIZED);
+  return severity == "FATAL" || severity == "PANIC";
+}
+
+/// In a thread of its own, as it also waits for a server that doesn't answer. That thread uses
+/// nothing that ends with the session.
+void cancel_statement(PGconn* connection) {
+  const std::shared_ptr<PGcancel> cancel(PQgetCancel(connection), PQfreeCancel);
+  if (!cancel) return;
+  std::packaged_task<void()> request([cancel] {
+    std::array<char, 256> reason{};
+    PQcancel(cancel.get(), reason.data(), reason.size());
+  });
+  const auto sent = request.get_future();
+  std::thread(std::move(request)).detach();
+  sent.wait_for(longest_way);
 }
 
 failure_kind kind_of(std::string_view state) {
@@ -107,47 +73,105 @@ failure_kind kind_of(std::string_view state) {
   return failure_kind::other;
 }
 
-}  // namespace
-
-postgresql_session::postgresql_session(const connection_settings& settings)
-    : handle_(connect(settings)) {
-  if (PQstatus(handle_.get()) != CONNECTION_OK)
-    throw Error(failure_kind::other, without_line_end(PQerrorMessage(handle_.get())));
-  if (const auto given = settings.values.find("pwd"); given != settings.values.end())
-    password_ = given->second;
-  PQsetNoticeReceiver(
-      handle_.get(), [](void*, const PGresult*) {}, nullptr);
-  PQsetnonblocking(handle_.get(), 1);
-  run(session_settings);
-}
-
-void postgresql_session::prepare(const std::string& name, const std::string& text,
-                                 const std::vector<bound_value>& values) {
+std::vector<Oid> types_of(const std::vector<bound_value>& values) {
   std::vector<Oid> types;
   types.reserve(values.size());
   for (const bound_value& value : values) types.push_back(value.type);
-  const postgresql_answer answer = answer_to(PQsendPrepare(
-      handle_or_fail(), name.c_str(), text.c_str(), static_cast<int>(types.size()), types.data()));
-  constexpr std::string_view name_is_taken = "42P05";
-  if (field_of(answer.get(), PG_DIAG_SQLSTATE) != name_is_taken) check(answer.get());
+  return types;
 }
 
-postgresql_answer postgresql_session::execute(const std::string& name,
-                                              const std::vector<bound_value>& values) {
+std::vector<const char*> texts_of(const std::vector<bound_value>& values) {
   std::vector<const char*> texts;
   texts.reserve(values.size());
   for (const bound_value& value : values)
     texts.push_back(value.text ? value.text->c_str() : nullptr);
+  return texts;
+}
+
+}  // namespace
+
+postgresql_session::postgresql_session(const connection_settings& settings)
+    : limits_(limits_of(settings)), settings_(limits_), handle_(connect(settings)) {
+  if (PQstatus(handle_.get()) != CONNECTION_OK)
+    throw Error(failure_kind::other, without_line_end(PQerrorMessage(handle_.get())));
+  if (const char* const password = PQpass(handle_.get())) password_ = password;
+  PQsetNoticeReceiver(
+      handle_.get(), [](void*, const PGresult*) {}, nullptr);
+  PQsetnonblocking(handle_.get(), 1);
+  use_settings();
+}
+
+// A pool shows its clients process numbers of its own.
+void postgresql_session::use_settings() {
+  const postgresql_answer set =
+      execute_text(settings_.of_session_of(PQbackendPID(handle_.get())), {});
+  check(set.get());
+  is_pooled_ = PQntuples(set.get()) == 0;
+  if (is_pooled_) refuse_pool_of_statements();
+}
+
+void postgresql_session::refuse_pool_of_statements() {
+  try {
+    run("BEGIN READ ONLY");
+    run("ROLLBACK");
+  } catch (const Error& failure) {
+    throw Error(failure_kind::other,
+                std::string("the pool in front of the server keeps no transaction together; it has "
+                            "to lend its sessions for a transaction at least: ") +
+                    failure.what());
+  }
+}
+
+void postgresql_session::prepare(const std::string& name, const std::string& text,
+                                 const std::vector<bound_value>& values) {
+  const std::vector<Oid> types = types_of(values);
+  const postgresql_answer answer = answer_to(PQsendPrepare(
+      handle_or_fail(), name.c_str(), text.c_str(), static_cast<int>(types.size()), types.data()));
+  check(answer.get());
+}
+
+postgresql_answer postgresql_session::execute(const std::string& name,
+                                              const std::vector<bound_value>& values) {
+  const std::vector<const char*> texts = texts_of(values);
   return answer_to(PQsendQueryPrepared(handle_or_fail(), name.c_str(),
                                        static_cast<int>(texts.size()), texts.data(), nullptr,
                                        nullptr, 0));
 }
 
-postgresql_answer postgresql_session::execute(const std::string& text) {
-  postgresql_answer answer = answer_to(
-      PQsendQueryParams(handle_or_fail(), text.c_str(), 0, nullptr, nullptr, nullptr, nullptr, 0));
-  check(answer.get());
-  return answer;
+postgresql_answer postgresql_session::execute_text(const std::string& text,
+                                                   const std::vector<bound_value>& values) {
+  if (is_pooled_ && !has_transaction()) return execute_with_settings(text, values);
+  return answer_to(send(text, values));
+}
+
+int postgresql_session::send(const std::string& text, const std::vector<bound_value>& values) {
+  const std::vector<Oid> types = types_of(values);
+  const std::vector<const char*> texts = texts_of(values);
+  return PQsendQueryParams(handle_or_fail(), text.c_str(), static_cast<int>(texts.size()),
+                           types.data(), texts.data(), nullptr, nullptr, 0);
+}
+
+/// What goes through a pipeline up to its end is one transaction to the server and to the pool.
+postgresql_answer postgresql_session::execute_with_settings(
+    const std::string& text, const std::vector<bound_value>& values) {
+  PGconn* const handle = handle_or_fail();
+  if (PQenterPipelineMode(handle) != 1 || send(settings_.of_transaction(), {}) != 1 ||
+      send(text, values) != 1 || PQpipelineSync(handle) != 1)
+    lose(without_line_end(PQerrorMessage(handle)));
+  postgresql_answer whole;
+  while (true) {
+    wait();
+    postgresql_answer part(PQgetResult(handle));
+    if (part && PQresultStatus(part.get()) == PGRES_PIPELINE_SYNC) break;
+    if (PQstatus(handle) != CONNECTION_OK) lose(without_line_end(PQerrorMessage(handle)));
+    if (part && (!whole || !is_failure(whole.get()))) whole = std::move(part);
+  }
+  PQexitPipelineMode(handle);
+  return whole;
+}
+
+void postgresql_session::begin(const std::string& words) {
+  run(is_pooled_ ? words + settings_.behind_begin() : words);
 }
 
 void postgresql_session::run(const std::string& script) {
@@ -162,11 +186,25 @@ void postgresql_session::check(const PGresult* answer) {
   const std::string_view state = field_of(answer, PG_DIAG_SQLSTATE);
   std::string text(field_of(answer, PG_DIAG_MESSAGE_PRIMARY));
   if (text.empty()) text = without_line_end(PQresultErrorMessage(answer));
-  if (PQstatus(handle_.get()) != CONNECTION_OK || tells_loss(state)) lose(text);
+  if (PQstatus(handle_.get()) != CONNECTION_OK || tells_loss(answer)) lose(text);
   const std::string_view detail = field_of(answer, PG_DIAG_MESSAGE_DETAIL);
   const bool tells_password = !password_.empty() && detail.find(password_) != detail.npos;
   if (!detail.empty() && !tells_password) text.append("\n").append(detail);
   throw Error(kind_of(state), text);
+}
+
+// A session that ends while nothing is asked leaves its last word and the end of the stream.
+bool postgresql_session::has_ended() {
+  if (is_lost()) return true;
+  pollfd socket{PQsocket(handle_.get()), POLLIN, 0};
+  while (::poll(&socket, 1, 0) > 0) {
+    if (PQconsumeInput(handle_.get()) == 0 || PQstatus(handle_.get()) != CONNECTION_OK) {
+      handle_.reset();
+      return true;
+    }
+    static_cast<void>(PQisBusy(handle_.get()));  // takes in what has come
+  }
+  return false;
 }
 
 bool postgresql_session::has_transaction() const {
@@ -202,7 +240,7 @@ postgresql_answer postgresql_session::answer_to(int sent) {
 /// Sends what libpq has not sent yet, and waits until PQgetResult can be called without blocking:
 /// it then gives the next part of the answer, or the failure of the connection.
 void postgresql_session::wait() {
-  const auto deadline = steady_clock::now() + answer_timeout;
+  const auto deadline = steady_clock::now() + limits_.statement + longest_way;
   while (true) {
     const int unsent = PQflush(handle_.get());
     if (unsent < 0 || (unsent == 0 && !PQisBusy(handle_.get()))) return;
@@ -211,10 +249,21 @@ void postgresql_session::wait() {
     const auto left =
         std::chrono::ceil<std::chrono::milliseconds>(deadline - steady_clock::now()).count();
     const int ready = left > 0 ? ::poll(&socket, 1, static_cast<int>(left)) : 0;
-    if (ready == 0) lose("the server gives no answer");
+    if (ready == 0) give_up();
     if (ready < 0 && errno == EINTR) continue;
     if (PQconsumeInput(handle_.get()) == 0) return;
   }
+}
+
+/// What the server hasn't got by now must not reach it later: to a COMMIT among it, for one, the
+/// user has been told otherwise by then. So the system drops what it has not sent yet.
+void postgresql_session::give_up() {
+  const postgresql_handle left = std::move(handle_);
+  was_given_up_ = true;
+  cancel_statement(left.get());
+  constexpr linger none{1, 0};
+  ::setsockopt(PQsocket(left.get()), SOL_SOCKET, SO_LINGER, &none, sizeof none);
+  lose("the server gives no answer");
 }
 
 void postgresql_session::lose(const std::string& reason) {

@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "store/connection_string.h"
+#include "store/postgresql_connecting.h"
 #include "store/postgresql_values.h"
 
 namespace ADODB {
@@ -18,16 +19,20 @@ struct answer_deleter {
 using postgresql_answer = std::unique_ptr<PGresult, answer_deleter>;
 
 /// One session on a PostgreSQL server. Used by one thread at a time. Every failure is an Error; one
-/// of the kind lost_connection ends the session for good. A call waits 30 seconds at most.
+/// of the kind lost_connection ends the session for good. A call waits as long as a statement may
+/// take, and a little longer for the answer: then it cancels the statement and gives up the
+/// session.
 class postgresql_session {
  public:
   /// Connects to the existing database that the settings name, which must be writable unless it is
   /// to be read.
   explicit postgresql_session(const connection_settings& settings);
 
-  /// Prepares the one statement that the text holds, for parameters of the types of `values`. A
-  /// name stands for one text and its types: a session of a pool that has it already has it from
-  /// another program that runs the same statement.
+  /// Whether a pool lends the server's side of this session, to others too, for a transaction or a
+  /// statement at a time. Nothing can be prepared there.
+  [[nodiscard]] bool is_pooled() const { return is_pooled_; }
+
+  /// Prepares the one statement that the text holds, for parameters of the types of `values`.
   void prepare(const std::string& name, const std::string& text,
                const std::vector<bound_value>& values);
 
@@ -35,8 +40,12 @@ class postgresql_session {
   [[nodiscard]] postgresql_answer execute(const std::string& name,
                                           const std::vector<bound_value>& values);
 
-  /// Runs the one statement that the text holds, in one round trip.
-  [[nodiscard]] postgresql_answer execute(const std::string& text);
+  /// Runs the one statement that the text holds, in one round trip. A refusal is in the answer.
+  [[nodiscard]] postgresql_answer execute_text(const std::string& text,
+                                               const std::vector<bound_value>& values);
+
+  /// Begins a transaction by the words given.
+  void begin(const std::string& words);
 
   /// Runs all statements of a text and drops their rows.
   void run(const std::string& script);
@@ -46,6 +55,12 @@ class postgresql_session {
 
   [[nodiscard]] bool is_lost() const { return !handle_; }
 
+  /// Whether the session is lost, or turns out to be as the other side has ended it since.
+  [[nodiscard]] bool has_ended();
+
+  /// Whether it was lost because the server gave no answer in time.
+  [[nodiscard]] bool was_given_up() const { return was_given_up_; }
+
   /// Whether a transaction that was begun still takes statements: a failure may have ended it.
   [[nodiscard]] bool has_transaction() const;
 
@@ -53,17 +68,23 @@ class postgresql_session {
   [[nodiscard]] std::string encoding() const;
 
  private:
-  struct closer {
-    void operator()(PGconn* connection) const { PQfinish(connection); }
-  };
-
   PGconn* handle_or_fail() const;
+  void use_settings();
+  void refuse_pool_of_statements();
+  [[nodiscard]] int send(const std::string& text, const std::vector<bound_value>& values);
+  [[nodiscard]] postgresql_answer execute_with_settings(const std::string& text,
+                                                        const std::vector<bound_value>& values);
   [[nodiscard]] postgresql_answer answer_to(int sent);
   void wait();
+  [[noreturn]] void give_up();
   [[noreturn]] void lose(const std::string& reason);
 
-  std::unique_ptr<PGconn, closer> handle_;
+  time_limits limits_;
+  server_settings settings_;
+  postgresql_handle handle_;
   std::string password_;
+  bool is_pooled_ = false;
+  bool was_given_up_ = false;
 };
 
 }  // namespace ADODB

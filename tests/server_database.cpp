@@ -59,7 +59,9 @@ server_database::~server_database() {
 }
 
 std::string server_database::connect_string() const {
-  return server_connect_string({{"database", name_}});
+  const char* const pool = std::getenv("VORLUMINE_TEST_POOL");
+  if (!pool) return server_connect_string({{"database", name_}});
+  return server_connect_string({{"database", name_}, {"server", pool}});
 }
 
 void run_on_server(const std::string& statement) {

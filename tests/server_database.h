@@ -18,6 +18,7 @@ class server_database {
   server_database& operator=(const server_database&) = delete;
   ~server_database();
 
+  /// Through the pool of scripts/server_pool where that runs.
   [[nodiscard]] std::string connect_string() const;
 
  private:

@@ -1,10 +1,14 @@
 #include <gtest/gtest.h>
 
 #include <array>
+#include <csignal>
+#include <cstdlib>
 #include <map>
 #include <utility>
 
+#include "store/connection_string.h"
 #include "store/key_counters.h"
+#include "store/postgresql_session.h"
 #include "store/sql.h"
 #include "store_failure.h"
 #include "test_store.h"
@@ -67,34 +71,12 @@ TEST_F(PostgresqlEngine, PreparesAnewWhatTheServerHasForgotten) {
   EXPECT_EQ(last_number(connection, "replace"), 2);
 }
 
-// As in a session of a pool, in which another program has prepared statements before.
-TEST_F(PostgresqlEngine, SharesPreparedStatementsThatStandForTheSameText) {
-  constexpr words text = "select '<a>' as shared";
-  connection.Execute(sql(text, {"a"}));
-  const std::string prepare = value_of(
-                                  "select 'prepare '||name||' as '||statement from "
-                                  "pg_prepared_statements where statement like '%as shared'")
-                                  .text();
-  cut_the_session();
-  EXPECT_THROW(connection.Execute("select 1"), Error);
-  connection.Execute(prepare);
-  EXPECT_EQ(value_of(sql(text, {"b"})), Value(std::string("b")));
-}
-
-TEST_F(PostgresqlEngine, ConnectsAnewAfterTheCommandThatMetTheLoss) {
+TEST_F(PostgresqlEngine, ConnectsAnewWithTheCommandThatFindsTheLoss) {
   advance_number(connection, "replace");
   cut_the_session();
-  const Error failure = failure_of([&] { advance_number(connection, "replace"); });
-  EXPECT_EQ(failure.kind(), failure_kind::lost_connection);
-  EXPECT_TRUE(holds(failure, "terminating connection due to administrator command"))
-      << failure.what();
-  EXPECT_EQ(store.value("select replace from seqno"), "1");
   advance_number(connection, "replace");
   EXPECT_EQ(last_number(connection, "replace"), 2);
-
   cut_the_session();
-  EXPECT_EQ(failure_of([&] { connection.BeginTrans(); }).kind(), failure_kind::lost_connection);
-  EXPECT_FALSE(connection.in_transaction());
   connection.BeginTrans();
   advance_number(connection, "replace");
   connection.CommitTrans();
@@ -126,13 +108,36 @@ TEST_F(PostgresqlEngine, TriesAgainAtEachCommandWhileTheServerIsOutOfReach) {
     harness::run_on_server("alter database " + name + " allow_connections " + answer);
   };
   cut_the_session();
-  EXPECT_THROW(connection.Execute("select 1"), Error);
   let_in("false");
-  for (int i = 0; i < 2; ++i)
-    EXPECT_TRUE(
-        holds(failure_of([&] { connection.Execute("select 1"); }), "not currently accepting"));
+  for (int i = 0; i < 2; ++i) {
+    const Error failure = failure_of([&] { connection.Execute("select 1"); });
+    EXPECT_EQ(failure.kind(), failure_kind::lost_connection);
+    EXPECT_TRUE(holds(failure, "not currently accepting")) << failure.what();
+  }
   let_in("true");
   EXPECT_EQ(last_number(connection, "replace"), 0);
+}
+
+TEST_F(PostgresqlEngine, GivesUpAtItsLimitsAndNothingIsStoredLater) {
+  store.run(
+      "create function slow() returns trigger language plpgsql as $$ begin perform "
+      "pg_sleep(4); return new; end $$");
+  store.run("create trigger slow before update on seqno for each row execute function slow()");
+  Connection hurried;
+  hurried.Open(store.connect_string() + ";StatementTimeout=1;LockTimeout=2");
+  EXPECT_EQ(failure_of([&] { advance_number(hurried, "replace"); }).kind(), failure_kind::busy);
+  store.run("drop trigger slow on seqno");
+
+  // A process of the server that stands still is as good as one that can't be reached.
+  const auto process = static_cast<pid_t>(
+      hurried.Execute("select pg_backend_pid()").Fields().Item(0).Value().number());
+  hurried.BeginTrans();
+  ::kill(process, SIGSTOP);
+  EXPECT_EQ(failure_of([&] { advance_number(hurried, "replace"); }).kind(),
+            failure_kind::lost_connection);
+  ::kill(process, SIGCONT);
+  hurried.RollbackTrans();
+  EXPECT_EQ(last_number(hurried, "replace"), 0);
 }
 
 // The server would take the COMMIT and roll back without a word.
@@ -194,6 +199,31 @@ TEST_F(PostgresqlEngine, MakesAStoreOnlyWhereNoneOfItsTablesIs) {
     store.run(std::string("drop table ") + table);
   rule_store::make_store(store.connect_string(), rule_store::content::sample);
   EXPECT_EQ(store.value("select count(*) from replace"), store.value("select replace from seqno"));
+}
+
+// Only for scripts/server_pool. The other user of the pool is a client that sets nothing.
+TEST_F(PostgresqlEngine, PoolLendsOutNothingThatThisProgramSets) {
+  const std::string look_up =
+      "select current_setting('enable_seqscan')||' '||count(*) from "
+      "pg_prepared_statements";
+  postgresql_session other(read_connection_string(store.connect_string()));
+  for (int i = 0; i < 20; ++i) {
+    advance_number(connection, "replace");
+    EXPECT_EQ(value_of(look_up).text(), "off 0");
+    connection.BeginTrans();
+    EXPECT_EQ(value_of(look_up).text(), "off 0");
+    connection.CommitTrans();
+    EXPECT_NO_THROW(
+        other.run("do $$ begin if current_setting('enable_seqscan')='off' then raise 'leaked'; end "
+                  "if; end $$"));
+  }
+  Connection of_statements;
+  EXPECT_TRUE(
+      holds(failure_of([&] {
+              of_statements.Open(harness::server_connect_string(
+                  {{"database", "of_statements"}, {"server", std::getenv("VORLUMINE_TEST_POOL")}}));
+            }),
+            "keeps no transaction together"));
 }
 
 }  // namespace
