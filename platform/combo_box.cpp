@@ -15,6 +15,10 @@
 namespace platform {
 namespace {
 
+QByteArray to_bytes(std::string_view text) {
+  return {text.data(), static_cast<qsizetype>(text.size())};
+}
+
 class drop_down : public QComboBox {
  public:
   drop_down() {
@@ -94,24 +98,24 @@ void ComboBox::Clear() {
   as<QComboBox>(peer()).clear();
 }
 
-// The toolkit chooses the first item of a list by itself; a list here starts without a choice.
+// The toolkit chooses the first item of a list by itself; a list here starts without a choice. Each
+// item also holds its text as it came, which may have bytes that are shown otherwise.
 void ComboBox::AddItem(std::string_view text) {
   auto& combo = as<QComboBox>(peer());
   const int chosen = combo.currentIndex();
   const bool was_blocked = combo.blockSignals(true);
-  combo.addItem(to_toolkit(text));
+  combo.addItem(to_toolkit(text), to_bytes(text));
   combo.setCurrentIndex(chosen);
   combo.blockSignals(was_blocked);
 }
 
 std::string ComboBox::text() {
-  return from_toolkit(as<QComboBox>(peer()).currentText());
+  return as<QComboBox>(peer()).currentData().toByteArray().toStdString();
 }
 
 void ComboBox::select(std::string_view text) {
   auto& combo = as<QComboBox>(peer());
-  combo.setCurrentIndex(
-      combo.findText(to_toolkit(text), Qt::MatchExactly | Qt::MatchCaseSensitive));
+  combo.setCurrentIndex(combo.findData(to_bytes(text)));
 }
 
 }  // namespace platform

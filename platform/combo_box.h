@@ -18,7 +18,7 @@ class ComboBox : public Control {
 
   void Clear();
   void AddItem(std::string_view text);
-  /// The chosen item's text, empty without a choice.
+  /// The chosen item's text as it was added, empty without a choice.
   [[nodiscard]] std::string text();
   /// Chooses the first item with exactly this text; leaves no choice if there is none.
   void select(std::string_view text);

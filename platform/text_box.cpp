@@ -15,6 +15,7 @@ TextBox::TextBox(Form& form, std::string name, lines box_lines)
     : Control(form, std::move(name)), lines_(box_lines) {}
 
 std::unique_ptr<toolkit_peer> TextBox::make() {
+  given_.clear();
   if (lines_ == lines::several) {
     auto* edit = new text_area;
     QObject::connect(edit, &text_area::textChanged, edit, [this] { changed(); });
@@ -33,8 +34,9 @@ void TextBox::changed() {
 
 std::string TextBox::text() {
   finish_composition();
-  return from_toolkit(lines_ == lines::several ? as<text_area>(peer()).text()
-                                               : as<QLineEdit>(peer()).text());
+  const QString shown =
+      lines_ == lines::several ? as<text_area>(peer()).text() : as<QLineEdit>(peer()).text();
+  return shown == to_toolkit(given_) ? given_ : from_toolkit(shown);
 }
 
 bool TextBox::is_empty() {
@@ -43,6 +45,7 @@ bool TextBox::is_empty() {
 }
 
 void TextBox::set_text(std::string_view text) {
+  given_ = text;
   const QString wanted = to_toolkit(text);
   if (lines_ != lines::several) return as<QLineEdit>(peer()).setText(wanted);
   auto& edit = as<text_area>(peer());

@@ -17,7 +17,8 @@ class TextBox : public Control {
 
   std::function<void()> on_change;
 
-  /// UTF-8; what an input method has half composed is taken first.
+  /// UTF-8, what set_text() got byte for byte unless the user has changed it: bytes that are no
+  /// text are only shown otherwise. What an input method has half composed is taken first.
   [[nodiscard]] std::string text();
   /// Takes nothing from the input method, so that on_change may ask it in the midst of composing.
   [[nodiscard]] bool is_empty();
@@ -29,6 +30,7 @@ class TextBox : public Control {
   void changed();
 
   lines lines_;
+  std::string given_;  // by set_text()
 };
 
 }  // namespace platform

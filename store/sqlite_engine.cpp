@@ -69,9 +69,13 @@ void add_cell(result_cells& cells, sqlite3_value* value, bool is_boolean) {
     }
     case SQLITE_FLOAT:
       return cells.add(sqlite3_value_double(value));
-    default: {
-      const auto* text = static_cast<const char*>(sqlite3_value_blob(value));
-      cells.add(std::string_view(text, static_cast<std::size_t>(sqlite3_value_bytes(value))));
+    case SQLITE_BLOB: {
+      const auto* bytes = static_cast<const char*>(sqlite3_value_blob(value));
+      return cells.add({bytes, static_cast<std::size_t>(sqlite3_value_bytes(value))});
+    }
+    default: {  // a file may hold its texts as UTF-16: asking for text converts them
+      const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+      cells.add({text, static_cast<std::size_t>(sqlite3_value_bytes(value))});
     }
   }
 }

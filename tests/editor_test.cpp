@@ -173,6 +173,49 @@ TEST_F(Editor, CopiesADefinitionDeepUnderNewKeys) {
   EXPECT_EQ(counters(), "35|51|11") << "a copy without rules draws no rule key";
 }
 
+// An older program's bytes, which a file takes and a server refuses.
+TEST_F(Editor, BytesThatAreNoTextGoBackAsTheyCameAndIntoACopy) {
+  if (on_server()) return;
+  const std::string odd = "cast(x'93FA41' as text)";
+  for (const auto& [columns, where] : {std::pair("field set field_name", "attr='M'"),
+                                       {"replace set title", "replace_no in(3,7)"},
+                                       {"replace set comment", "true"},
+                                       {"replace_m set replace_title", "use_type='R'"},
+                                       {"replace_m set r_text", "use_type='R'"},
+                                       {"replace_cond set s_val", "use_type='S'"}})
+    store.run("update " + std::string(columns) + "=" + odd + " where " + where);
+  store.run("update replace_m set replace_type='F',r_field_id='F2' where replace_m_no=17");
+  const auto leave_as_it_is = [](const std::string& node, const std::string& button) {
+    click_node(node);
+    press(button);
+    if (button == "cond_set") {
+      click_cell(1, 5);
+      key(Qt::Key_F2);
+      key(Qt::Key_Return);
+    }
+    press("Command1");
+    if (button == "cond_set") message("設定完了！");
+  };
+  const std::string shown = "\uFFFD\uFFFDA";
+  browse(store, [&] {
+    click_node("条件設定/" + shown);
+    press("updatef");
+    press("Command2");
+    click_node(shown + "/" + shown);
+    press("copy");
+    type("Text1", "写し");
+    leave_as_it_is(shown + "（部分一致）;" + shown + "（完全一致）", "cond_set");
+    leave_as_it_is("以外/" + shown, "cond_val_set");
+    leave_as_it_is("2005/01/31まで（含まない）/" + shown, "cond_val_set");
+  });
+  EXPECT_EQ(store.rows("select replace_no,title=" + odd + ",comment=" + odd +
+                       " from replace where replace_no in(3,7,34)"),
+            (rows{"3|1|1", "7|1|1", "34|0|1"}));
+  EXPECT_EQ(rules(34, "replace_title=" + odd + ",r_text=" + odd + ",r_field_id", "use_type='R'"),
+            (rows{"1|1| ", "1|1|F2"}));
+  EXPECT_EQ(lines(34, "s_val=" + odd), (rows{"1", "1", "1", "0"}));
+}
+
 TEST_F(Editor, ACopyThatFindsNoKeysLeftWritesNothing) {
   for (const char* counter : {"replace=32767", "replace_m=32761", "replace_cond=32766"}) {
     store.run("update seqno set replace=33,replace_m=40,replace_cond=7");

@@ -7,6 +7,7 @@
 
 #include "content_of.h"
 #include "store/key_counters.h"
+#include "store/sql.h"
 #include "store_failure.h"
 #include "test_store.h"
 #include "without_rights.h"
@@ -68,12 +69,15 @@ TEST_F(SqliteEngine, OpenFailsWhereItMayOnlyRead) {
       << failure.what();
 }
 
-TEST_F(SqliteEngine, OpenChangesNothing) {
+TEST_F(SqliteEngine, OpenChangesNothingAndTextsOfAnyEncodingAreRead) {
   Connection other;
-  run_apart(file("old.db"), "create table seqno(replace, replace_m, replace_cond)");
+  run_apart(file("old.db"),
+            "PRAGMA encoding='UTF-16le'; create table t(a); insert into t values('漢😀')");
   const std::string before = content_of(file("old.db"));
   other.Open("Driver=SQLite;Database=" + file("old.db").string());
   EXPECT_EQ(other.Execute("PRAGMA journal_mode").Fields().Item(0).Value().text(), "delete");
+  EXPECT_EQ(other.Execute(sql("select a from t where a='<a>'", {"漢😀"})).Fields().Item(0).Value(),
+            Value(std::string("漢😀")));
   other.Close();
   EXPECT_EQ(content_of(file("old.db")), before);
   EXPECT_EQ(connection.Execute("PRAGMA journal_mode").Fields().Item(0).Value().text(), "wal");

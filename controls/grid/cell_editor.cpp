@@ -72,11 +72,14 @@ void cell_editor::start(std::string_view text, int limit) {
 }
 
 std::string cell_editor::text() const {
-  return from_toolkit(line_->text());
+  const std::string text = from_toolkit(line_->text());
+  return text == shown_ ? given_ : text;
 }
 
 void cell_editor::set_text(std::string_view text) {
+  given_ = text;
   line_->setText(to_toolkit(text));
+  shown_ = from_toolkit(line_->text());
 }
 
 }  // namespace ta_vorlumine

@@ -22,6 +22,7 @@ class cell_editor {
   /// (code points) it then takes, 0 for any number. A text that is longer already stays whole, but
   /// cannot grow. Line breaks and tabs never enter.
   void start(std::string_view text, int limit);
+  /// As it was set, byte for byte, unless the user has changed it.
   [[nodiscard]] std::string text() const;
   void set_text(std::string_view text);
 
@@ -33,6 +34,8 @@ class cell_editor {
 
   limited_text* limited_;
   QLineEdit* line_;
+  std::string given_;  // by set_text()
+  std::string shown_;  // for it
 };
 
 }  // namespace ta_vorlumine
