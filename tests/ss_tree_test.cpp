@@ -206,6 +206,29 @@ TEST_F(ss_tree, tells_what_the_user_chooses_and_nothing_else) {
   EXPECT_EQ(heard(), lines{});
 }
 
+TEST_F(ss_tree, keeps_in_sight_what_is_chosen) {
+  view().expandAll();
+  click(place("a1"));
+  click(place("a1"), Qt::LeftButton, Qt::ControlModifier);
+  EXPECT_EQ(selected(), "a1");
+  heard();
+  key(Qt::Key_Left);  // of a leaf, there is nothing to close
+  key(Qt::Key_Right);
+  key(Qt::Key_Left);
+  key(Qt::Key_Left);
+  EXPECT_FALSE(item("a").Expanded());
+  key(Qt::Key_Right);
+  EXPECT_EQ(heard(), (lines{"click a", "click a1", "click a"}));
+  click(place("a2"));
+  view().collapse(index("root"));
+  EXPECT_EQ(selected() + heard().back(), "0click 0");
+  view().expandAll();
+  click(place("b"));
+  item("c").Expanded(false);
+  item("b").parent(item("c"));
+  EXPECT_TRUE(item("c").Expanded()) << "the folder opens that the chosen node is put into";
+}
+
 TEST_F(ss_tree, tells_a_move_once_with_a_button_held_and_away_from_the_press) {
   const QPoint from = place("b");
   const QPoint off = from + QPoint(2 * QApplication::startDragDistance(), 0);

@@ -101,7 +101,7 @@ void SSTree::remove(tree_node& node) {
 }
 
 void SSTree::move(tree_node& node, tree_node& parent) {
-  view().model.move(node, parent);
+  view().move(node, parent);
 }
 
 void SSTree::clear() {

@@ -2,10 +2,25 @@
 #include <QDragMoveEvent>
 #include <QMimeData>
 #include <QPainter>
+#include <QScrollBar>
+#include <QTimerEvent>
 
 #include "controls/tree/tree_view.h"
 
 namespace ta_vorlumine {
+namespace {
+
+constexpr int drag_beat = 50;      // milliseconds
+constexpr int beats_to_open = 12;  // of rest on a closed folder
+constexpr int edge = 20;           // pixels
+constexpr int beats_to_speed_up = 10;
+
+/// Which way the edge lies that `place` is near to: -1, 0 or 1.
+int edge_at(int place, int length) {
+  return place < edge ? -1 : static_cast<int>(place >= length - edge);
+}
+
+}  // namespace
 
 // What the drop leads to, a message perhaps, must not run inside the toolkit's drag: it holds the
 // pointer. So the drop is noted, and raised once the drag has ended.
@@ -16,8 +31,9 @@ void SSTree::tree_view::drag(const tree_node& node) {
   const QModelIndex dragged = model.index_of(node);
   gesture->setPixmap(viewport()->grab({visualRect(dragged).topLeft(), sizeHintForIndex(dragged)}));
   dropped_ = false;
+  drag_beat_.start(drag_beat, this);
   gesture->exec(Qt::MoveAction);
-  stopAutoScroll();
+  drag_beat_.stop();
   setState(NoState);
   if (dropped_ && tree_.on_drop) tree_.raise(tree_.on_drop);
   if (!dropped_) tree_.DropHighlight(Node());
@@ -30,7 +46,6 @@ void SSTree::tree_view::dragEnterEvent(QDragEnterEvent* event) {
 void SSTree::tree_view::dragMoveEvent(QDragMoveEvent* event) {
   if (event->source() != this) return;
   setState(DraggingState);
-  QTreeView::dragMoveEvent(event);  // scrolls at the edges, opens what the pointer rests on
   raise_drag_over(event->position().toPoint());
   event->acceptProposedAction();
 }
@@ -50,6 +65,32 @@ void SSTree::tree_view::dropEvent(QDropEvent* event) {
 void SSTree::tree_view::raise_drag_over(QPoint place) {
   drag_place_ = place;
   if (tree_.on_drag_over) tree_.raise([&] { tree_.on_drag_over(place.x(), place.y()); });
+}
+
+// The toolkit's own would scroll only under a pointer that rests, and close the open folder that
+// the pointer rests on.
+void SSTree::tree_view::timerEvent(QTimerEvent* event) {
+  if (event->timerId() != drag_beat_.timerId()) return QTreeView::timerEvent(event);
+  if (state() != DraggingState) return;
+  scroll_at_edge();
+  open_what_is_rested_on();
+}
+
+void SSTree::tree_view::scroll_at_edge() {
+  const int down = edge_at(drag_place_.y(), viewport()->height());
+  const int right = edge_at(drag_place_.x(), viewport()->width());
+  beats_at_edge_ = down == 0 && right == 0 ? 0 : beats_at_edge_ + 1;
+  QScrollBar& rows = *verticalScrollBar();
+  rows.setValue(rows.value() + down * (1 + beats_at_edge_ / beats_to_speed_up));
+  QScrollBar& columns = *horizontalScrollBar();
+  columns.setValue(columns.value() + right * edge);
+}
+
+void SSTree::tree_view::open_what_is_rested_on() {
+  const QModelIndex under = indexAt(drag_place_);
+  beats_at_rest_ = under == rested_on_ ? beats_at_rest_ + 1 : 0;
+  rested_on_ = under;
+  if (beats_at_rest_ == beats_to_open) expand(under);
 }
 
 // Scrolling at the edge brings another node under a pointer that rests.

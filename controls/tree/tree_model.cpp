@@ -97,6 +97,13 @@ int tree_model::columnCount(const QModelIndex&) const {
   return 1;
 }
 
+// Of a node without children, keyboard and screen reader would else hear that it could be closed.
+Qt::ItemFlags tree_model::flags(const QModelIndex& index) const {
+  const Qt::ItemFlags usual = QAbstractItemModel::flags(index);
+  const bool leaf = index.isValid() && node_at(index)->children.empty();
+  return leaf ? usual | Qt::ItemNeverHasChildren : usual;
+}
+
 QVariant tree_model::data(const QModelIndex& index, int role) const {
   const tree_node& node = *node_at(index);
   switch (role) {

@@ -36,6 +36,7 @@ class tree_model : public QAbstractItemModel {
   [[nodiscard]] QModelIndex parent(const QModelIndex& index) const override;
   [[nodiscard]] int rowCount(const QModelIndex& parent) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent) const override;
+  [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
  private:

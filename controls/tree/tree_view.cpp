@@ -4,6 +4,7 @@
 #include <QHeaderView>
 #include <QInputMethodEvent>
 #include <QMouseEvent>
+#include <QScopedValueRollback>
 #include <algorithm>
 #include <vector>
 
@@ -11,8 +12,6 @@
 
 namespace ta_vorlumine {
 namespace {
-
-constexpr int drag_expand_delay = 600;  // milliseconds
 
 int shift_of(const QMouseEvent& event) {
   return platform::shift_state(event.modifiers());
@@ -30,18 +29,17 @@ SSTree::tree_view::tree_view(SSTree& tree) : model(tree.nodes_, *this), tree_(tr
   setEditTriggers(NoEditTriggers);
   setAcceptDrops(true);
   setDropIndicatorShown(false);
-  setAutoExpandDelay(drag_expand_delay);
   connect(this, &QTreeView::expanded, this,
           [](const QModelIndex& index) { tree_model::node_at(index)->expanded = true; });
   connect(this, &QTreeView::collapsed, this,
-          [](const QModelIndex& index) { tree_model::node_at(index)->expanded = false; });
+          [this](const QModelIndex& index) { close_over_current(index); });
 }
 
 // The keyboard's place survives a rebuild, unselected, so that whoever works without a mouse goes
 // on where they were.
 void SSTree::tree_view::redraw(bool on) {
   if (model.hidden() == !on) return;
-  quiet_ = true;
+  const QScopedValueRollback quiet(quiet_, true);
   if (!on) {
     const QModelIndex current = currentIndex();
     current_key_ = current.isValid() ? tree_model::node_at(current)->key : std::string();
@@ -57,7 +55,6 @@ void SSTree::tree_view::redraw(bool on) {
     if (const tree_node* top = tree_.nodes_.find(top_key_)) show_on_top(*top);
     top_key_.clear();
   }
-  quiet_ = false;
 }
 
 // One pass of the toolkit over a tree that is open throughout, as it is after each load, is far
@@ -75,37 +72,12 @@ void SSTree::tree_view::show_expansions() {
   }
 }
 
-const tree_node* SSTree::tree_view::selected() const {
-  const QModelIndexList selected = selectionModel()->selectedIndexes();
-  return selected.isEmpty() ? nullptr : tree_model::node_at(selected.constFirst());
-}
-
-void SSTree::tree_view::select(const tree_node* node) {
-  quiet_ = true;
-  if (node) {
-    setCurrentIndex(model.index_of(*node));
-  } else {
-    clearSelection();
-  }
-  quiet_ = false;
-}
-
 void SSTree::tree_view::clear() {
   const bool drawn = !model.hidden();
   if (drawn) redraw(false);
   top_key_.clear();
   tree_.nodes_.clear();
   if (drawn) redraw(true);
-}
-
-// The toolkit would select a neighbour of what goes, which nobody has chosen.
-void SSTree::tree_view::remove(tree_node& node) {
-  const tree_node* chosen = selected();
-  const std::string key = chosen ? chosen->key : std::string();
-  quiet_ = true;
-  model.remove(node);
-  if (!tree_.nodes_.find(key)) clearSelection();
-  quiet_ = false;
 }
 
 void SSTree::tree_view::show_on_top(const tree_node& node) {
@@ -148,9 +120,10 @@ void SSTree::tree_view::raise_open(const tree_node* node) {
 void SSTree::tree_view::mousePressEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   const bool arrow = on_arrow(place);
-  quiet_ = true;
-  QTreeView::mousePressEvent(event);
-  quiet_ = false;
+  {
+    const QScopedValueRollback quiet(quiet_, true);
+    QTreeView::mousePressEvent(event);
+  }
   press_pending_ = !arrow;
   if (arrow) return;
   pressed_ = place;
@@ -188,9 +161,23 @@ void SSTree::tree_view::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
       return raise_open(node);
+    case Qt::Key_Left:
+    case Qt::Key_Right:
+      if (event->modifiers().testFlag(Qt::ControlModifier) || !node) break;
+      return step_sideways(current, event->key() == Qt::Key_Left);
     default:
-      QTreeView::keyPressEvent(event);
+      break;
   }
+  QTreeView::keyPressEvent(event);
+}
+
+// The toolkit's own would scroll where the tree is wider than its window.
+void SSTree::tree_view::step_sideways(const QModelIndex& from, bool left) {
+  const bool open = isExpanded(from) && model.hasChildren(from);
+  if (left && open) return collapse(from);
+  if (!left && !open) return expand(from);
+  const QModelIndex to = left ? from.parent() : model.index(0, 0, from);
+  if (to.isValid()) setCurrentIndex(to);
 }
 
 // Searches the nodes that the arrow keys reach: those whose folders are open.
@@ -226,15 +213,6 @@ QVariant SSTree::tree_view::inputMethodQuery(Qt::InputMethodQuery query) const {
 QRect SSTree::tree_view::searched_from() const {
   const QRect current = visualRect(currentIndex());
   return viewport()->rect().intersects(current) ? current : visualRect(indexAt(QPoint(1, 1)));
-}
-
-void SSTree::tree_view::selectionChanged(const QItemSelection& on, const QItemSelection& off) {
-  QTreeView::selectionChanged(on, off);
-  if (quiet_ || on.isEmpty()) return;
-  // A screen reader selects without moving the keyboard along.
-  const QModelIndex selected = on.indexes().constFirst();
-  selectionModel()->setCurrentIndex(selected, QItemSelectionModel::NoUpdate);
-  raise_click(tree_model::node_at(selected));
 }
 
 // A row takes a click over the whole width, however short its text.

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <QBasicTimer>
+#include <QPersistentModelIndex>
 #include <QPoint>
 #include <QTreeView>
 #include <string>
@@ -20,6 +22,7 @@ class SSTree::tree_view : public QTreeView {
   void redraw(bool on);
   void clear();
   void remove(tree_node& node);
+  void move(tree_node& node, tree_node& parent);
   [[nodiscard]] const tree_node* selected() const;
   void select(const tree_node* node);  ///< raises no event
   /// Scrolls there, or will when next drawn.
@@ -41,10 +44,13 @@ class SSTree::tree_view : public QTreeView {
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void selectionChanged(const QItemSelection& on, const QItemSelection& off) override;
+  [[nodiscard]] QItemSelectionModel::SelectionFlags selectionCommand(
+      const QModelIndex& index, const QEvent* event) const override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dragMoveEvent(QDragMoveEvent* event) override;
   void dragLeaveEvent(QDragLeaveEvent* event) override;
   void dropEvent(QDropEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
@@ -53,9 +59,13 @@ class SSTree::tree_view : public QTreeView {
  private:
   [[nodiscard]] bool on_arrow(QPoint place) const;
   void show_expansions();
+  void step_sideways(const QModelIndex& from, bool left);
+  void close_over_current(const QModelIndex& folder);
   void raise_click(const tree_node* node);
   void raise_open(const tree_node* node);
   void raise_drag_over(QPoint place);
+  void scroll_at_edge();
+  void open_what_is_rested_on();
   [[nodiscard]] QRect searched_from() const;
 
   SSTree& tree_;
@@ -64,6 +74,10 @@ class SSTree::tree_view : public QTreeView {
   bool press_pending_ = false;  // a button is down and the pointer has not yet left its place
   bool dropped_ = false;
   QPoint drag_place_;
+  QBasicTimer drag_beat_;
+  int beats_at_edge_ = 0;
+  int beats_at_rest_ = 0;
+  QPersistentModelIndex rested_on_;
   platform::typed_search search_;
   platform::composition_label composed_{*this, *viewport()};
   std::string current_key_;  // while drawing is off
