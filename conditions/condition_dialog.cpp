@@ -1,5 +1,7 @@
 #include "conditions/condition_dialog.h"
 
+#include <algorithm>
+
 #include "rules/shared_state.h"
 #include "store/sql.h"
 
@@ -72,13 +74,21 @@ ADODB::Recordset condition_dialog::lines_in_store() {
   return state.conn.Execute(sql(kind_.select, {state.f_replace_no, state.f_replace_cond_no}));
 }
 
+// While the connection is lost the grid alone has to do, so that typing goes on: OK writes all
+// lines anew, and tells if it can't.
 std::int64_t condition_dialog::next_number() {
-  ADODB::Recordset found = shared().conn.Execute(
-      sql("select max(sno) from replace_cond where replace_cond_no=<f_replace_cond_no> "
-          "and replace_no=<f_replace_no>",
-          {shared().f_replace_cond_no, shared().f_replace_no}));
-  const bool none = found.eof() || found.Fields().Item(0).Value().is_null();
-  return none ? 1 : found.Fields().Item(0).Value().number() + 1;
+  std::int64_t highest = 0;
+  for (int row = 1; row < fg.Rows(); ++row)
+    highest = std::max<std::int64_t>(highest, std::stoll("0" + fg.TextMatrix(row, 3)));
+  transaction_.look([&] {
+    ADODB::Recordset found = shared().conn.Execute(
+        sql("select max(sno) from replace_cond where replace_cond_no=<f_replace_cond_no> "
+            "and replace_no=<f_replace_no>",
+            {shared().f_replace_cond_no, shared().f_replace_no}));
+    const bool none = found.eof() || found.Fields().Item(0).Value().is_null();
+    highest = none ? 0 : found.Fields().Item(0).Value().number();
+  });
+  return highest + 1;
 }
 
 void condition_dialog::add_trailing_row(const std::string& cond_no, std::int64_t sno) {

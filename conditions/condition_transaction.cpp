@@ -11,14 +11,21 @@ namespace {
 
 constexpr int most_tries = 20;
 
-/// Runs `work`, and once more from `begin_again` on while another program gets in between.
+bool is_lost(const ADODB::Error& failure) {
+  return failure.kind() == ADODB::failure_kind::lost_connection;
+}
+
+/// Runs `work`, and once more from `begin_again` on while another program gets in between, or where
+/// its failure at the first try is one that `may_repeat` allows.
 template <class Work, class Begin>
-auto run_while_in_between(Work work, Begin begin_again) {
+auto run_while_in_between(Work work, Begin begin_again,
+                          bool (*may_repeat)(const ADODB::Error&) = came_in_between) {
   for (int tries = 1;; ++tries) {
     try {
       return work();
     } catch (const ADODB::Error& failure) {
-      if (!came_in_between(failure) || tries == most_tries) throw;
+      const bool again = came_in_between(failure) || (tries == 1 && may_repeat(failure));
+      if (!again || tries == most_tries) throw;
       begin_again();
     }
   }
@@ -35,8 +42,21 @@ void condition_transaction::run(const std::function<void()>& work) {
   // After a lost connection the dialog may stand here without a transaction; writing without one
   // would make its deletes final.
   if (!shared().conn.in_transaction()) begin();
-  with_undo([&] { run_while_in_between(work, [] { begin_anew(ADODB::purpose::writing); }); },
+  // What a lost connection has taken with it is nothing that OK wouldn't do again.
+  const auto begin_again = [] { begin_anew(ADODB::purpose::writing); };
+  with_undo([&] { run_while_in_between(work, begin_again, is_lost); },
             [] { begin_anew(ADODB::purpose::looking); });
+}
+
+void condition_transaction::look(const std::function<void()>& work) {
+  auto& conn = shared().conn;
+  if (!conn.in_transaction()) return;
+  try {
+    work();
+  } catch (const ADODB::Error& failure) {
+    if (!is_lost(failure)) throw;
+    conn.RollbackTrans();
+  }
 }
 
 bool condition_transaction::store(const std::function<bool()>& work) {

@@ -15,9 +15,14 @@ class condition_transaction {
 
   /// Runs `work`, whose first write may find that another program has written since the dialog
   /// began to read, or is writing: then the transaction begins anew, after the other one where the
-  /// engine can wait for that, and `work` runs again, a bounded number of times. On any failure of
-  /// `work` what it wrote is taken back, a new transaction begins, and the failure goes on.
+  /// engine can wait for that, and `work` runs again, a bounded number of times; once also after a
+  /// lost connection. On any failure of `work` what it wrote is taken back, a new transaction
+  /// begins, and the failure goes on.
   void run(const std::function<void()>& work);
+
+  /// Runs `work`, which only looks something up. If the connection is lost, it ends there without a
+  /// word, and until the next run() or store() no other look is tried.
+  static void look(const std::function<void()>& work);
 
   /// Runs the `work` of OK in a transaction of its own, in place of the one before, and commits if
   /// it gives true; from then on closing the dialog takes nothing back. It is run again where run()

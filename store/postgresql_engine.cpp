@@ -100,7 +100,7 @@ void postgresql_engine::begin(purpose) {
 }
 
 void postgresql_engine::commit() {
-  usable_session().run("COMMIT");
+  usable_session().commit();
   in_transaction_ = false;
 }
 

@@ -174,6 +174,14 @@ void postgresql_session::begin(const std::string& words) {
   run(is_pooled_ ? words + settings_.behind_begin() : words);
 }
 
+// A commit that is cancelled while it waits for a standby is answered as if that had it, and would
+// be lost with this server. So it is left to wait, and what became of it unknown.
+void postgresql_session::commit() {
+  is_committing_ = true;
+  run("SET LOCAL statement_timeout=0;COMMIT");
+  is_committing_ = false;
+}
+
 void postgresql_session::run(const std::string& script) {
   const postgresql_answer answer = answer_to(PQsendQuery(handle_or_fail(), script.c_str()));
   check(answer.get());
@@ -260,7 +268,7 @@ void postgresql_session::wait() {
 void postgresql_session::give_up() {
   const postgresql_handle left = std::move(handle_);
   was_given_up_ = true;
-  cancel_statement(left.get());
+  if (!is_committing_) cancel_statement(left.get());
   constexpr linger none{1, 0};
   ::setsockopt(PQsocket(left.get()), SOL_SOCKET, SO_LINGER, &none, sizeof none);
   lose("the server gives no answer");

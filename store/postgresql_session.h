@@ -47,6 +47,9 @@ class postgresql_session {
   /// Begins a transaction by the words given.
   void begin(const std::string& words);
 
+  /// Ends a transaction for good. A server that waits for its standby meanwhile is never cut short.
+  void commit();
+
   /// Runs all statements of a text and drops their rows.
   void run(const std::string& script);
 
@@ -84,6 +87,7 @@ class postgresql_session {
   postgresql_handle handle_;
   std::string password_;
   bool is_pooled_ = false;
+  bool is_committing_ = false;
   bool was_given_up_ = false;
 };
 

@@ -73,8 +73,8 @@ std::string query(const std::string& text) {
 
 // A refused commit takes the transaction back.
 std::string refused(const std::string& statement) {
-  return query((statement == "COMMIT" ? "ROLLBACK;" : "") + std::string("do $$ begin raise '") +
-               refusal + "'; end $$");
+  return query((statement.ends_with("COMMIT") ? "ROLLBACK;" : "") +
+               std::string("do $$ begin raise '") + refusal + "'; end $$");
 }
 
 /// A connection that goes away with this object.
@@ -196,7 +196,7 @@ std::string wire_faults::statement_of(std::string_view request) {
 bool wire_faults::fails(const std::string& statement) {
   const std::lock_guard guard(lock_);
   const bool never_refused = kind_ == wire_fault::refused && statement == "ROLLBACK";
-  if (statement == "COMMIT" || statement == "ROLLBACK") in_transaction_ = false;
+  if (statement.ends_with("COMMIT") || statement == "ROLLBACK") in_transaction_ = false;
   const bool is_silent = is_sent_again(statement);
   if (statement.starts_with("BEGIN")) in_transaction_ = true;
   if (statement.empty() || never_refused || ++seen_ != wanted_) return false;

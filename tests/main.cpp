@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "lasting_user.h"
 #include "paired_user.h"
 #include "random_walk.h"
 #include "window_pictures.h"
@@ -12,6 +13,7 @@ int main(int argc, char** argv) {
   const std::string command = argc > 1 ? argv[1] : "";
   if (command == "--walk") return harness::walk_command({argv + 2, argv + argc});
   if (command == "--pictures") return harness::pictures_command({argv + 2, argv + argc});
+  if (command == "--work") return harness::work_command({argv + 2, argv + argc});
   if (command == "--do") return harness::do_command({argv + 2, argv + argc});
   return RUN_ALL_TESTS();
 }
