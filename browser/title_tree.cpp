@@ -3,6 +3,7 @@
 #include "browser/replace_form.h"
 #include "controls/tree/tree_filling.h"
 #include "platform/messages.h"
+#include "rules/failure_words.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -32,7 +33,7 @@ void replaceForm::load_title_children(std::int32_t parent) {
     }
     rows.Close();
   } catch (const std::exception& failure) {
-    platform::message(failure.what());
+    platform::message(words_for(failure));
   }
 }
 

@@ -16,7 +16,7 @@ constexpr int first_value_column = 5;
 
 condition_dialog::condition_dialog(std::string name, condition_lines kind)
     : window(std::move(name), "置換条件の設定", 6825, 3585),
-      Label1(window, "Label1"),
+      Label1(window, "Label1", {}, nullptr, platform::Label::lines::one),
       fg(window, "fg", "比較値の一覧"),
       Command3(window, "Command3", "削除"),
       Command1(window, "Command1", "OK"),
@@ -120,7 +120,9 @@ void condition_dialog::row_check() {
 }
 
 void condition_dialog::delete_line() {
-  if (!fg.commit_edit()) return;
+  const int rows = fg.Rows();
+  // If the edit has emptied its row, that was the row to delete, and the row check has removed it.
+  if (!fg.commit_edit() || fg.Rows() < rows) return set_widths();
   if (const int row = fg.Row(); row != -1) {
     delete_stored_line(cells(row));
     fg.RemoveItem(row);

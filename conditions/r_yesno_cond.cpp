@@ -39,7 +39,7 @@ ADODB::Value answer_of(const ADODB::Recordset& lines) {
 
 r_yesno_cond::r_yesno_cond()
     : Combo1(window, "Combo1"),
-      Label1(window, "Label1", {}, &Combo1),
+      Label1(window, "Label1", {}, &Combo1, platform::Label::lines::one),
       Command1(window, "Command1", "OK"),
       Command2(window, "Command2", "ｷｬﾝｾﾙ") {
   window.body =

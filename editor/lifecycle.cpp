@@ -47,7 +47,9 @@ void replace_create::fill_fields() {
   rows = shared().conn.Execute(sql(copied ? select_of_copy : select, {shared().basNodeKey}));
   if (rows.eof()) throw vanished_row();
   Text1.set_text(rows.Fields().Item("title").Value().text());
-  Text2.set_text(rows.Fields().Item("comment").Value().text());
+  // An empty remark is stored as a blank, which would stand before what the user types.
+  const std::string remark = rows.Fields().Item("comment").Value().text();
+  Text2.set_text(remark == " " ? "" : remark);
   loaded_.shown_title = Text1.text();
   loaded_.shown_remark = Text2.text();
 }

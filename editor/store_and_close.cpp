@@ -2,6 +2,7 @@
 
 #include "editor/replace_create.h"
 #include "platform/messages.h"
+#include "rules/failure_words.h"
 #include "rules/row_checks.h"
 #include "rules/text_limits.h"
 #include "rules/transaction.h"
@@ -74,7 +75,7 @@ bool replace_create::may_leave_unsaved(const ADODB::Error& failure) {
   if (std::ranges::find(reasons, failure.kind()) == reasons.end()) throw failure;
   return platform::ask(
       "タイトルと備考を保存できませんでした。保存せずに閉じてもよろしいですか\n\n" +
-      std::string(failure.what()));
+      words_for(failure));
 }
 
 /// False if another program has changed what the user is about to write over; the next call does

@@ -4,6 +4,8 @@
 
 #include "browser/replace_form.h"
 #include "platform/application.h"
+#include "platform/shown_failures.h"
+#include "rules/failure_words.h"
 
 namespace ta_vorlumine {
 namespace {
@@ -39,6 +41,7 @@ void replaceClass::replace_show() {
     throw std::runtime_error("the title browser runs on this thread already");
   }
   const platform::application application;
+  platform::word_failures_by(words_for);
   open_store store(browser.conn, CONNECT_STRING);
   browser.window.show();
   store.close();

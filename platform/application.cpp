@@ -3,6 +3,7 @@
 #include <xcb/xcb.h>
 #include <QApplication>
 #include <QDir>
+#include <QHash>
 #include <QLibraryInfo>
 #include <QThread>
 #include <QTranslator>
@@ -65,11 +66,29 @@ void claim_thread() {
   claimed = is_window_thread = true;
 }
 
+/// What the toolkit's own Japanese leaves out: words of the dialog that opens files.
+class left_out_words : public QTranslator {
+ public:
+  [[nodiscard]] bool isEmpty() const override { return false; }
+
+  [[nodiscard]] QString translate(const char* context, const char* source, const char*,
+                                  int) const override {
+    static const QHash<QByteArray, QString> words{
+        {"Folder", "フォルダ"},     {"Drive", "ドライブ"}, {"File", "ファイル"},
+        {"%1 File", "%1 ファイル"}, {"bytes", "バイト"},   {"%Ln byte(s)", "%Ln バイト"}};
+    const QByteArray room(context);
+    const bool ours = room == "QAbstractFileIconProvider" || room == "QFileDialog" ||
+                      room == "QFileSystemModel" || room == "QLocale";
+    return ours ? words.value(source) : QString();
+  }
+};
+
 }  // namespace
 
 struct application::parts {
   std::unique_ptr<QApplication> own;
   QTranslator japanese;
+  left_out_words further;
 };
 
 application::application() {
@@ -80,9 +99,11 @@ application::application() {
   if (parts_->japanese.load("qtbase_ja", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
     QCoreApplication::installTranslator(&parts_->japanese);
   }
+  QCoreApplication::installTranslator(&parts_->further);
 }
 
 application::~application() {
+  QCoreApplication::removeTranslator(&parts_->further);
   QCoreApplication::removeTranslator(&parts_->japanese);
 }
 

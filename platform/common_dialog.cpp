@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QFileInfo>
 
 #include "platform/fonts.h"
 #include "platform/toolkit_peer.h"
@@ -21,6 +22,9 @@ QStringList name_filters(const std::string& filter) {
   return filters;
 }
 
+// Whoever chooses one file often chooses the next one beside it. Lasts as long as the process.
+thread_local QString last_folder;
+
 }  // namespace
 
 std::string CommonDialog::ShowOpen() const {
@@ -32,7 +36,9 @@ std::string CommonDialog::ShowOpen() const {
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(name_filters(Filter));
+  if (QFileInfo(last_folder).isDir()) dialog.setDirectory(last_folder);
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  last_folder = dialog.directory().absolutePath();
   return from_toolkit(dialog.selectedFiles().constFirst());
 }
 

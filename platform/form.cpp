@@ -46,7 +46,9 @@ void Form::make_widgets() {
   order_tabs();
   for (Control* control : controls_) control->tie();
   window_->setLayout(arrangement::of(body));
-  window_->resize(QSize(pixels(width_), pixels(height_)).expandedTo(window_->minimumSizeHint()));
+  const QSize wanted(scaled_pixels(width_), scaled_pixels(height_));
+  window_->resize(
+      wanted.expandedTo(window_->minimumSizeHint()).boundedTo(window_->room_on_screen()));
   if (frame_ == frame::fixed) window_->setFixedSize(window_->size());
 }
 

@@ -4,11 +4,11 @@
 
 namespace platform {
 
-/// A text on the form. With a buddy it names that control to screen readers. A label of two lines
-/// keeps its height whatever it shows, and tells the whole text as a hint.
+/// A text on the form. With a buddy it names that control to screen readers. A label of one or two
+/// lines takes no more room whatever it shows, and tells the whole text as a hint.
 class Label : public Control {
  public:
-  enum class lines { as_needed, two };
+  enum class lines { as_needed, one, two };
 
   Label(Form& form, std::string name, std::string caption = {}, Control* buddy = nullptr,
         lines label_lines = lines::as_needed);

@@ -1,16 +1,29 @@
-#include <exception>
+#include "platform/shown_failures.h"
 
 #include "platform/form.h"
 #include "platform/messages.h"
 
 namespace platform {
+namespace {
+
+std::string own_text(const std::exception& failure) {
+  return failure.what();
+}
+
+std::string (*words_of)(const std::exception&) = own_text;
+
+}  // namespace
+
+void word_failures_by(std::string (*words)(const std::exception& failure)) {
+  words_of = words;
+}
 
 void Form::guarded(const std::function<void()>& event) {
   try {
     event();
     return;
   } catch (const std::exception& failure) {
-    message(failure.what());
+    message(words_of(failure));
   } catch (...) {
     message("予期しないエラーが発生しました。");
   }

@@ -6,6 +6,7 @@
 
 #include "platform/composition.h"
 #include "platform/form.h"
+#include "platform/one_line_text.h"
 #include "platform/text_area.h"
 #include "platform/toolkit_peer.h"
 
@@ -24,6 +25,7 @@ std::unique_ptr<toolkit_peer> TextBox::make() {
   auto* edit = new QLineEdit;
   edit->setMaxLength(std::numeric_limits<int>::max());
   if (lines_ == lines::one_tall) edit->setMinimumHeight(2 * edit->sizeHint().height());
+  edit->setValidator(new one_line_text(edit));
   QObject::connect(edit, &QLineEdit::textChanged, edit, [this] { changed(); });
   return std::make_unique<toolkit_peer>(edit);
 }
@@ -47,9 +49,18 @@ bool TextBox::is_empty() {
 void TextBox::set_text(std::string_view text) {
   given_ = text;
   const QString wanted = to_toolkit(text);
-  if (lines_ != lines::several) return as<QLineEdit>(peer()).setText(wanted);
+  if (lines_ != lines::several) return set_line(wanted);
   auto& edit = as<text_area>(peer());
   if (edit.text() != wanted) edit.set_text(wanted);
+}
+
+// What another program has stored is shown as it is, line breaks and all, until the user types.
+void TextBox::set_line(const QString& text) {
+  auto& edit = as<QLineEdit>(peer());
+  const QValidator* const one_line = edit.validator();
+  edit.setValidator(nullptr);
+  edit.setText(text);
+  edit.setValidator(one_line);
 }
 
 }  // namespace platform

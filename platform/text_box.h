@@ -6,6 +6,8 @@
 
 #include "platform/control.h"
 
+class QString;
+
 namespace platform {
 
 /// A text field without a length limit.
@@ -28,6 +30,7 @@ class TextBox : public Control {
  private:
   std::unique_ptr<toolkit_peer> make() override;
   void changed();
+  void set_line(const QString& text);
 
   lines lines_;
   std::string given_;  // by set_text()

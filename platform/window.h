@@ -18,6 +18,9 @@ class window : public QDialog {
 
   void reject() override;
 
+  /// What the screen has room for, the frame and its caption left aside.
+  [[nodiscard]] QSize room_on_screen() const;
+
  protected:
   void closeEvent(QCloseEvent* event) override;
   bool eventFilter(QObject* receiver, QEvent* event) override;

@@ -152,10 +152,11 @@ TEST_F(flex_grid, shows_words_and_headings_to_screen_readers_and_fills_its_width
   EXPECT_EQ(heading->text(QAccessible::Name), "比較方法");
 
   fg.ColWidth(value, 1500);
-  EXPECT_EQ(view().columnWidth(value), 100);
+  fg.ColWidth(method, 1500);
+  EXPECT_NEAR(view().columnWidth(value), view().columnWidth(method), 1) << "spare room is shared";
   EXPECT_EQ(view().columnWidth(value) + view().columnWidth(method), view().viewport()->width());
   fg.ColWidth(method, 15000);
-  EXPECT_EQ(view().columnWidth(method), 1000);
+  EXPECT_GE(view().columnWidth(method), 1000);
 }
 
 TEST_F(flex_grid, is_filled_by_keyboard_alone) {
@@ -255,10 +256,10 @@ TEST_F(flex_grid, takes_what_the_validation_puts_in_its_place) {
 TEST_F(flex_grid, counts_characters_and_cuts_what_is_too_much) {
   fg.EditMaxLength(3);
   fg.Row(1);
-  QGuiApplication::clipboard()->setText("😀あ\t😀い\r\n");
+  key(Qt::Key_Backspace);
+  QGuiApplication::clipboard()->setText("😀あ😀い\r\n");
   key(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(fg.TextMatrix(1, value), "😀あ😀");
-  key(Qt::Key_F2);
+  EXPECT_EQ(fg.EditText(), "😀あ😀");
   key(Qt::Key_Home);
   type("z");
   EXPECT_EQ(fg.EditText(), "😀あ😀") << "the typed one goes, not the last one";
@@ -268,6 +269,33 @@ TEST_F(flex_grid, counts_characters_and_cuts_what_is_too_much) {
   type("x");
   EXPECT_TRUE(fg.commit_edit());
   EXPECT_EQ(fg.TextMatrix(1, value), "stored long ago");
+}
+
+TEST_F(flex_grid, spreads_what_a_spreadsheet_has_copied_over_rows_and_columns) {
+  const auto paste = [](const std::string& text) {
+    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
+    key(Qt::Key_V, Qt::ControlModifier);
+  };
+  fg.Row(3);
+  paste("東京都\r\n\"a\"\"b\nc\"\r\n\"d\"\r\n");
+  EXPECT_EQ(fg.Rows(), 7) << "three rows came, and a blank one behind them";
+  EXPECT_EQ(fg.TextMatrix(3, value) + fg.TextMatrix(4, value) + fg.TextMatrix(5, value),
+            "東京都a\"b c\"d\"");
+  EXPECT_EQ(fg.TextMatrix(5, method), "1");
+  fg.Row(1);
+  key(Qt::Key_F2);
+  paste("x\t完全一致\tfar\n\t1\n");
+  EXPECT_EQ(fg.TextMatrix(1, value) + fg.TextMatrix(1, method), "x3");
+  EXPECT_EQ(fg.TextMatrix(2, value) + fg.TextMatrix(2, method), "xyz1");
+  refuse_texts_longer_than(3);
+  click(1, value);
+  answering("too long", [&] { paste("long\nmore\n"); });
+  EXPECT_EQ(fg.EditText(), "long");
+  EXPECT_EQ(fg.TextMatrix(2, value), "xyz") << "nothing goes on behind what was refused";
+  key(Qt::Key_Escape);
+  QGuiApplication::clipboard()->clear();
+  key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(fg.TextMatrix(1, value), "x");
 }
 
 TEST_F(flex_grid, opens_drop_downs_with_one_click_and_texts_with_the_second) {

@@ -16,7 +16,8 @@ constexpr captions kinds{"ﾃｷｽﾄ", "ﾃｷｽﾄﾌｧｲﾙ", "画像ﾌ�
 set_value::set_value()
     : Label1(window, "Label1", "タイトル", &title_txt),
       title_txt(window, "title_txt"),
-      Label2(window, "Label2", "置換値にアドレス帳項目が選択された場合、自動的に設定されます。"),
+      Label2(window, "Label2", "置換値にアドレス帳項目が選択された場合、自動的に設定されます。",
+             nullptr, platform::Label::lines::two),
       text_option(window, "Option1(0)", kinds[text_value]),
       Text1(window, "Text1", platform::TextBox::lines::several),
       text_file_option(window, "Option1(1)", kinds[text_file_value]),

@@ -1,11 +1,11 @@
 #include "controls/grid/cell_editor.h"
 
 #include <QLineEdit>
-#include <QRegularExpression>
-#include <QValidator>
+#include <QToolTip>
 #include <algorithm>
 #include <limits>
 
+#include "platform/one_line_text.h"
 #include "platform/toolkit_peer.h"
 #include "store/text.h"
 
@@ -13,34 +13,6 @@ namespace ta_vorlumine {
 
 using platform::from_toolkit;
 using platform::to_toolkit;
-
-/// The line editor's own limit counts emoji twice, so the text is cut here, where what was typed or
-/// pasted ends: in front of the cursor.
-class cell_editor::limited_text : public QValidator {
- public:
-  using QValidator::QValidator;
-
-  std::size_t limit = 0;
-
-  State validate(QString& text, int& cursor) const override {
-    // Cells copied from other programs bring a line break along, and would then match nothing.
-    static const QRegularExpression breaks(R"([\r\n\t])");
-    QString before = text.left(cursor).remove(breaks);
-    const QString after = text.mid(cursor).remove(breaks);
-    std::size_t length = count(before) + count(after);
-    for (; limit > 0 && length > limit && !before.isEmpty(); --length) {
-      before.chop(before.back().isLowSurrogate() ? 2 : 1);
-    }
-    text = before + after;
-    cursor = static_cast<int>(before.size());
-    return Acceptable;
-  }
-
- private:
-  static std::size_t count(const QString& text) {
-    return ADODB::character_count(from_toolkit(text));
-  }
-};
 
 class cell_editor::line_edit : public QLineEdit {
  public:
@@ -56,13 +28,18 @@ class cell_editor::line_edit : public QLineEdit {
 };
 
 cell_editor::cell_editor(QWidget& parent) : line_(new line_edit(*this, parent)) {
-  limited_ = new limited_text(line_);
+  limited_ = new platform::one_line_text(line_);
   line_->setObjectName("cell_editor");
   line_->setFrame(false);
   line_->setFocusPolicy(Qt::ClickFocus);
   line_->setMaxLength(std::numeric_limits<int>::max());
   line_->setValidator(limited_);
   line_->hide();
+  limited_->on_cut = [this] {
+    QToolTip::showText(line_->mapToGlobal(QPoint(0, line_->height())),
+                       QString("%1文字を超えた部分は入りませんでした。").arg(limited_->limit),
+                       line_);
+  };
 }
 
 void cell_editor::start(std::string_view text, int limit) {

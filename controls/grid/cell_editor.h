@@ -8,6 +8,10 @@ class QKeyEvent;
 class QLineEdit;
 class QWidget;
 
+namespace platform {
+class one_line_text;
+}
+
 namespace ta_vorlumine {
 
 /// The text editor of a grid's cells, hidden while none is in edit. Its widget belongs to `parent`.
@@ -29,10 +33,9 @@ class cell_editor {
   [[nodiscard]] QLineEdit& line() const { return *line_; }
 
  private:
-  class limited_text;
   class line_edit;
 
-  limited_text* limited_;
+  platform::one_line_text* limited_;
   QLineEdit* line_;
   std::string given_;  // by set_text()
   std::string shown_;  // for it

@@ -18,7 +18,7 @@ class edit_ended_by_press : public QObject {
   bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
-  [[nodiscard]] bool swallows(const QWidget& target);
+  [[nodiscard]] bool swallows(const QWidget& target, QPoint position);
 
   QTableView& view_;
   grid_edit& edit_;

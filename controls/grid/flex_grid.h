@@ -36,14 +36,17 @@ class VSFlexGrid : public platform::Control {
   /// An open edit of the row is dropped. The row behind, else the one before, becomes current.
   void RemoveItem(int row);
 
-  void Editable(int mode);         ///< 2: cells are edited with keyboard and mouse
-  void EditMaxLength(int length);  ///< in characters (code points); 0 for none
+  void Editable(int mode);  ///< 2: cells are edited with keyboard and mouse
+  /// Of what is typed, in characters (code points); 0 for none. Pasted cells come whole: what is
+  /// too long is for on_validate_edit to refuse, with a word to the user.
+  void EditMaxLength(int length);
   /// The text in the open editor, of a drop-down cell the word chosen. Empty without an edit.
   [[nodiscard]] std::string EditText();
   void EditText(std::string_view text);
 
   void ColHidden(int col, bool hidden);
-  /// The last shown column takes what room is left, and has this width at least.
+  /// At least, for a font of 9 points: a larger one or a longer heading takes more, and room that
+  /// the columns leave is shared out. Widths that the user has dragged stay.
   void ColWidth(int col, int twips);
   /// Entries separated by vertical bars, each "#", a number, ";" and a word: the cell holds the
   /// number and shows the word. The empty text makes it a column of free text again.

@@ -118,6 +118,8 @@ const choice* grid_cells::typed_choice(cell_place cell, std::string_view typed) 
   const std::vector<choice>& choices = column(cell.column).choices;
   const auto number = std::ranges::find(choices, typed, &choice::number);
   if (number != choices.end()) return &*number;
+  const auto word = std::ranges::find(choices, typed, &choice::word);
+  if (word != choices.end()) return &*word;
   const auto held = std::ranges::find(choices, text(cell.row, cell.column), &choice::number);
   const auto fits = [&](const choice& entry) { return entry.word.starts_with(typed); };
   auto found = choices.end();

@@ -60,8 +60,8 @@ class grid_cells {
   /// thousands of rows a user sees a few.
   void set_rows(int count, row_reader read);
 
-  /// What a typed text picks in a drop-down cell: the entry of that number, else the next one whose
-  /// word begins so, the one in the cell coming last. Nothing if none fits.
+  /// What a typed text picks in a drop-down cell: the entry of that number or word, else the next
+  /// one whose word begins so, the one in the cell coming last. Nothing if none fits.
   [[nodiscard]] const choice* typed_choice(cell_place cell, std::string_view typed) const;
 
  private:

@@ -77,6 +77,16 @@ void grid_edit::replace(cell_place cell, std::string_view text) {
   editor_.line().insert(to_toolkit(text));
 }
 
+bool grid_edit::paste(cell_place cell, std::string_view text) {
+  if (cells_.drops_down(cell.column)) {
+    replace(cell, text);
+    return !is_open();
+  }
+  begin(cell, text);
+  editor_.line().setFocus();
+  return take();
+}
+
 void grid_edit::clear(cell_place cell) {
   if (cells_.drops_down(cell.column)) return choose(cell, {});
   replace(cell, {});

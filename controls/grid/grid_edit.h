@@ -37,6 +37,9 @@ class grid_edit {
   void begin_empty(cell_place cell);
   /// Starts an edit with `text` (UTF-8) instead of the cell's; in a list, picks what it fits.
   void replace(cell_place cell, std::string_view text);
+  /// Replaces the cell's whole text, or picks what it fits in a list, and takes that. False if it
+  /// was refused and is in edit.
+  bool paste(cell_place cell, std::string_view text);
   /// Makes a text cell, or a drop-down cell, empty.
   void clear(cell_place cell);
 

@@ -1,6 +1,5 @@
 #include "controls/grid/grid_view.h"
 
-#include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
 #include <QInputMethodEvent>
@@ -14,6 +13,8 @@
 #include "controls/grid/cell_painter.h"
 #include "controls/grid/edit_ended_by_press.h"
 #include "controls/grid/grid_cursor.h"
+#include "controls/grid/grid_paste.h"
+#include "platform/fonts.h"
 #include "platform/toolkit_peer.h"
 
 namespace ta_vorlumine {
@@ -73,6 +74,7 @@ class table_view : public QTableView, public grid_view {
   void showEvent(QShowEvent* event) override;
 
  private:
+  [[nodiscard]] bool is_dragged() const;
   [[nodiscard]] bool takes_compositions() const;
   bool leave_edit();
   bool key_on_cell(const QKeyEvent& key, cell_place cell);
@@ -83,6 +85,9 @@ class table_view : public QTableView, public grid_view {
   grid_cursor cursor_;
   grid_edit edit_;
   edit_ended_by_press press_elsewhere_;
+  grid_paste paste_;
+  bool laying_out_ = false;
+  bool dragged_ = false;  // the user has given the columns other widths
   QPersistentModelIndex pressed_;
   bool pressed_again_ = false;  // the pressed cell had been the current one already
 };
@@ -92,7 +97,8 @@ table_view::table_view(grid_cells& cells, const grid_edit::events& events)
       model_(cells),
       cursor_(*this, events.taken),
       edit_(*this, cells, model_, {events.refuses, [this] { cursor_.check_row(); }}),
-      press_elsewhere_(*this, edit_, cursor_) {
+      press_elsewhere_(*this, edit_, cursor_),
+      paste_(*this, cells_, edit_, cursor_) {
   setModel(&model_.shown());
   setItemDelegate(make_cell_painter(*this));
   setSelectionMode(NoSelection);
@@ -101,25 +107,37 @@ table_view::table_view(grid_cells& cells, const grid_edit::events& events)
   setWordWrap(false);
   verticalHeader()->hide();
   verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-  horizontalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
+  horizontalHeader()->setStretchLastSection(true);
+  connect(horizontalHeader(), &QHeaderView::sectionResized, this,
+          [this] { dragged_ = dragged_ || (isVisible() && !laying_out_ && is_dragged()); });
   horizontalHeader()->setSectionsClickable(false);
   horizontalHeader()->setHighlightSections(false);
   edit_.editor().on_key = [this](QKeyEvent& key) { return key_in_editor(key); };
 }
 
+// Room to spare goes to all columns alike; what is left of it, to the last shown one.
 void table_view::lay_out_columns() {
-  int room = viewport()->width();
-  int last = -1;
+  for (int i = 0; i < cells_.columns(); ++i) setColumnHidden(i, cells_.column(i).hidden);
+  if (dragged_) return;
+  std::vector<std::pair<int, int>> widths;  // of the shown columns
+  int wanted = 0;
   for (int i = 0; i < cells_.columns(); ++i) {
-    setColumnHidden(i, cells_.column(i).hidden);
-    if (cells_.column(i).hidden) continue;
-    room -= platform::pixels(cells_.column(i).width);
-    last = i;
+    if (isColumnHidden(i)) continue;
+    widths.emplace_back(i, std::max(platform::scaled_pixels(cells_.column(i).width),
+                                    horizontalHeader()->sectionSizeHint(i)));
+    wanted += widths.back().second;
   }
-  for (int i = 0; i <= last; ++i) {
-    const int spare = i == last ? std::max(room, 0) : 0;
-    if (!isColumnHidden(i)) setColumnWidth(i, platform::pixels(cells_.column(i).width) + spare);
-  }
+  const double growth = wanted == 0 ? 1 : std::max(1.0, 1.0 * viewport()->width() / wanted);
+  laying_out_ = true;
+  for (const auto& [column, width] : widths)
+    setColumnWidth(column, static_cast<int>(width * growth));
+  laying_out_ = false;
+}
+
+bool table_view::is_dragged() const {
+  return QGuiApplication::mouseButtons().testFlag(Qt::LeftButton) &&
+         horizontalHeader()->viewport()->underMouse();
 }
 
 void table_view::resizeEvent(QResizeEvent* event) {
@@ -173,8 +191,7 @@ bool table_view::key_on_cell(const QKeyEvent& key, cell_place cell) {
   } else if (key.key() == Qt::Key_Backspace) {
     cells_.drops_down(cell.column) ? edit_.clear(cell) : edit_.replace(cell, {});
   } else if (key.matches(QKeySequence::Paste)) {
-    edit_.replace(cell, from_toolkit(QGuiApplication::clipboard()->text()));
-    edit_.take();
+    paste_.run();
   } else if (is_typed_text(key)) {
     edit_.replace(cell, from_toolkit(key.text()));
   } else {
@@ -190,6 +207,9 @@ bool table_view::key_in_editor(QKeyEvent& key) {
     if (leave_edit()) keyPressEvent(&key);
   } else if (key.key() == Qt::Key_Escape) {
     edit_.drop();
+  } else if (key.matches(QKeySequence::Paste) && grid_paste::has_several_cells()) {
+    edit_.drop();
+    paste_.run();
   } else {
     return false;
   }
@@ -272,8 +292,7 @@ void table_view::mouseReleaseEvent(QMouseEvent* event) {
   if (!cell.isValid() || cell != indexAt(place)) return;
   if (!cells_.drops_down(cell.column()) && !pressed_again_) return;
   edit_.open(place_of(cell));
-  QLineEdit& line = edit_.editor().line();
-  line.setCursorPosition(line.cursorPositionAt(line.mapFrom(viewport(), place)));
+  edit_.editor().line().selectAll();
 }
 
 }  // namespace
