@@ -12,13 +12,13 @@ std::size_t characters(const QString& text) {
   return count;
 }
 
+}  // namespace
+
 QString on_one_line(QString text) {
   static const QRegularExpression last_breaks(R"([\r\n\t\x{2028}\x{2029}]+\z)");
   static const QRegularExpression breaks(R"([\r\n\t\x{2028}\x{2029}]+)");
   return text.remove(last_breaks).replace(breaks, " ");
 }
-
-}  // namespace
 
 QValidator::State one_line_text::validate(QString& text, int& cursor) const {
   QString before = on_one_line(text.left(cursor));

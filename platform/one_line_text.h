@@ -6,9 +6,11 @@
 
 namespace platform {
 
-/// Keeps a field that shows one line to one line, whatever is typed, pasted or dropped into it:
-/// line breaks and tabs just before the cursor go, such as a spreadsheet adds to a cell that it
-/// copies, and those amid what was pasted become blanks.
+/// The text without line breaks and tabs: those at its end go, such as a spreadsheet adds to a cell
+/// that it copies, and those amid it become blanks.
+[[nodiscard]] QString on_one_line(QString text);
+
+/// Keeps a field that shows one line to one line, whatever is typed, pasted or dropped into it.
 class one_line_text : public QValidator {
  public:
   using QValidator::QValidator;

@@ -6,6 +6,7 @@
 #include <QTableView>
 #include <utility>
 
+#include "platform/one_line_text.h"
 #include "platform/toolkit_peer.h"
 
 namespace ta_vorlumine {
@@ -63,7 +64,7 @@ std::vector<std::vector<std::string>> copied_cells(const QString& text) {
   cell_reader reader(text);
   while (!reader.at_end()) {
     if (reader.at_row_end()) rows.emplace_back();
-    rows.back().push_back(platform::from_toolkit(reader.next()));
+    rows.back().push_back(platform::from_toolkit(platform::on_one_line(reader.next())));
   }
   return rows;
 }

@@ -13,8 +13,8 @@ class QTableView;
 namespace ta_vorlumine {
 
 /// The rows and cells of a text as spreadsheets put it on the clipboard: a line for each row, tabs
-/// between its cells, double quotes around a cell that holds a line break or a tab. Empty for an
-/// empty text.
+/// between its cells, double quotes around a cell that holds a line break or a tab. Each cell comes
+/// on one line. Empty for an empty text.
 [[nodiscard]] std::vector<std::vector<std::string>> copied_cells(const QString& text);
 
 /// Fills a grid with what the clipboard holds, from the current cell to the right and down, cell by
