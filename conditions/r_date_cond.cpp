@@ -23,7 +23,8 @@ const range_statements statements{
         "values(<cell 1>,<cell 2>,<cell 3>,'<cell 4>','<cell 7>','<cell 8>')",
     .insert_lower =
         "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,d_f_val,d_f_method) "
-        "values(<cell 1>,<cell 2>,<cell 3>,'<cell 4>','<cell 5>','<cell 6>')"};
+        "values(<cell 1>,<cell 2>,<cell 3>,'<cell 4>','<cell 5>','<cell 6>')",
+    .bound = [](const std::string& date) { return ADODB::argument(date); }};
 
 // An end that is left out of the range moves by a day before the ends are compared. What is no date
 // can't be compared; the row stays for the user to look at.

@@ -22,16 +22,28 @@ const range_statements statements{
         "values(<cell 1>,<cell 2>,<cell 3>,'<cell 4>','<cell 7>','<cell 8>')",
     .insert_lower =
         "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,n_f_val,n_f_method) "
-        "values(<cell 1>,<cell 2>,<cell 3>,'<cell 4>','<cell 5>','<cell 6>')"};
+        "values(<cell 1>,<cell 2>,<cell 3>,'<cell 4>','<cell 5>','<cell 6>')",
+    .bound = ADODB::argument::typed_number};
 
-// What is no number can't be compared; the row stays for the user to look at.
+/// Whether it is one that an engine would store as another number, or not at all.
+bool has_too_many_digits(const std::string& text) {
+  return ADODB::read_number(text) && !ADODB::is_kept_exactly(text);
+}
+
+// A number that one engine would change is refused on each. What is no number can't be compared;
+// the row stays for the user to look at.
 bool check_number_row(const line_cells& row, int number) {
+  const std::string place = "第" + std::to_string(number) + "行目：";
+  if (has_too_many_digits(row[from_value]) || has_too_many_digits(row[to_value])) {
+    platform::message(place + "数字の桁数が多すぎるため、登録できません");
+    return false;
+  }
   if (row[from_value].empty() || row[to_value].empty()) return true;
   const auto lower = ADODB::read_number(row[from_value]);
   const auto upper = ADODB::read_number(row[to_value]);
   if (!lower || !upper) return false;
   if (*lower <= *upper) return true;
-  platform::message("第" + std::to_string(number) + "行目：数字の指定が正しくありません");
+  platform::message(place + "数字の指定が正しくありません");
   return false;
 }
 

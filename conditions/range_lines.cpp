@@ -11,19 +11,20 @@ bool is_complete(const line_cells& row, std::size_t value, std::size_t method) {
 
 // An end that lacks its value or its method is left out; a row without any end gives nothing.
 std::optional<ADODB::statement> insert(const range_statements& statements, const line_cells& row) {
+  const auto value = [&](std::size_t end) { return statements.bound(row[end]); };
   const bool lower = is_complete(row, from_value, from_method);
   const bool upper = is_complete(row, to_value, to_method);
   if (lower && upper) {
-    return sql(statements.insert_both, {row[1], row[2], row[3], row[4], row[from_value],
-                                        row[from_method], row[to_value], row[to_method]});
+    return sql(statements.insert_both, {row[1], row[2], row[3], row[4], value(from_value),
+                                        row[from_method], value(to_value), row[to_method]});
   }
   if (upper) {
     return sql(statements.insert_upper,
-               {row[1], row[2], row[3], row[4], row[to_value], row[to_method]});
+               {row[1], row[2], row[3], row[4], value(to_value), row[to_method]});
   }
   if (lower) {
     return sql(statements.insert_lower,
-               {row[1], row[2], row[3], row[4], row[from_value], row[from_method]});
+               {row[1], row[2], row[3], row[4], value(from_value), row[from_method]});
   }
   return std::nullopt;
 }

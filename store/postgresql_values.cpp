@@ -25,6 +25,7 @@ struct binding {
   bound_value operator()(std::monostate) const { return {decided_by_server, std::nullopt}; }
   bound_value operator()(bool answer) const { return {boolean_type, answer ? "t" : "f"}; }
   bound_value operator()(const decimal& number) const { return {numeric_type, number.digits}; }
+  bound_value operator()(const quoted_number& number) const { return (*this)(number.text); }
 
   bound_value operator()(std::int64_t number) const {
     return {std::in_range<std::int32_t>(number) ? int4_type : int8_type, std::to_string(number)};

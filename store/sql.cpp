@@ -1,12 +1,12 @@
 #include "store/sql.h"
 
 #include <algorithm>
-#include <charconv>
 #include <cstddef>
 #include <stdexcept>
 
 #include "store/error.h"
 #include "store/text.h"
+#include "store/text_values.h"
 
 namespace ADODB {
 namespace {
@@ -22,12 +22,10 @@ bool is_number(std::string_view text) {
 }
 
 parameter number_or_word(const std::string& text) {
-  std::int64_t whole = 0;
-  const char* const end = text.data() + text.size();
-  if (const auto read = std::from_chars(text.data(), end, whole);
-      read.ec == std::errc() && read.ptr == end)
-    return whole;
-  if (is_number(text)) return decimal{text};
+  if (is_number(text)) {
+    if (const auto whole = read_whole_number(text)) return *whole;
+    return decimal{text};
+  }
   if (equal_in_any_case(text, "true")) return true;
   if (equal_in_any_case(text, "false")) return false;
   if (equal_in_any_case(text, "null")) return {};
@@ -40,6 +38,7 @@ struct text_form {
   parameter operator()(std::int64_t number) const { return std::to_string(number); }
   parameter operator()(bool answer) const { return Value(answer).text(); }
   parameter operator()(const std::string& text) const { return text; }
+  parameter operator()(const quoted_number& number) const { return number; }
 };
 
 struct number_form {
@@ -47,12 +46,19 @@ struct number_form {
   parameter operator()(std::int64_t number) const { return number; }
   parameter operator()(bool answer) const { return answer; }
   parameter operator()(const std::string& text) const { return number_or_word(text); }
+  parameter operator()(const quoted_number& number) const { return number_or_word(number.text); }
 };
 
 }  // namespace
 
 argument::argument(const Value& value) {
   if (!value.is_null()) content_ = value.text();
+}
+
+argument argument::typed_number(const std::string& text) {
+  argument typed(text);
+  if (read_number(text)) typed.content_ = quoted_number{text};
+  return typed;
 }
 
 parameter argument::quoted() const {

@@ -20,8 +20,15 @@ struct decimal {
   friend bool operator==(const decimal&, const decimal&) = default;
 };
 
+/// A number in a place in quotes, as it was typed: a text for a column that may be of any type.
+struct quoted_number {
+  std::string text;
+  friend bool operator==(const quoted_number&, const quoted_number&) = default;
+};
+
 /// What an engine binds for one place: null, a number, a boolean or a text (UTF-8).
-using parameter = std::variant<std::monostate, std::int64_t, decimal, bool, std::string>;
+using parameter =
+    std::variant<std::monostate, std::int64_t, decimal, quoted_number, bool, std::string>;
 
 /// A statement to run: its words, and beside them a parameter for each of their places.
 struct statement {
@@ -43,6 +50,8 @@ class argument {
   argument(std::same_as<bool> auto answer) : content_(answer) {}
   argument(number_type auto number) : content_(std::int64_t{number}) {}
   argument(const Value& value);
+  /// A typed text, which each engine reads alike in a place in quotes if it is a number.
+  [[nodiscard]] static argument typed_number(const std::string& text);
 
   /// For a place in quotes, which takes everything as its text form.
   [[nodiscard]] parameter quoted() const;
@@ -51,7 +60,7 @@ class argument {
   [[nodiscard]] parameter unquoted() const;
 
  private:
-  std::variant<std::monostate, std::int64_t, bool, std::string> content_;
+  std::variant<std::monostate, std::int64_t, bool, std::string, quoted_number> content_;
 };
 
 /// The statement of these words, their places filled from left to right. A null makes its place

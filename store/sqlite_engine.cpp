@@ -1,12 +1,12 @@
 #include "store/sqlite_engine.h"
 
-#include <charconv>
 #include <filesystem>
 #include <memory>
 #include <utility>
 
 #include "store/error.h"
 #include "store/text.h"
+#include "store/text_values.h"
 
 namespace ADODB {
 namespace {
@@ -43,18 +43,21 @@ struct binder {
   int operator()(std::int64_t number) const {
     return sqlite3_bind_int64(statement, position, number);
   }
-  int operator()(const decimal& number) const {
-    double nearest = 0;
-    const char* const end = number.digits.data() + number.digits.size();
-    if (std::from_chars(number.digits.data(), end, nearest).ec != std::errc())
-      return (*this)(number.digits);  // out of range: left to the type of the column
-    return sqlite3_bind_double(statement, position, nearest);
-  }
+  int operator()(const decimal& number) const { return bind_number(number.digits); }
+  int operator()(const quoted_number& number) const { return bind_number(number.text); }
   int operator()(bool answer) const { return (*this)(std::int64_t{answer}); }
   // SQLITE_STATIC: the text lives until the statement is reset, so SQLite makes no copy.
   int operator()(const std::string& text) const {
     return sqlite3_bind_text64(statement, position, text.data(), text.size(), SQLITE_STATIC,
                                SQLITE_UTF8);
+  }
+
+  // SQLite itself reads reals less precisely.
+  int bind_number(const std::string& text) const {
+    if (!is_kept_exactly(text))
+      throw Error(failure_kind::refused_by_check, "the number has too many digits to be kept");
+    if (const auto whole = read_whole_number(text)) return (*this)(*whole);
+    return sqlite3_bind_double(statement, position, read_number(text).value());
   }
 };
 

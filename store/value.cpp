@@ -1,20 +1,16 @@
 #include "store/value.h"
 
-#include <array>
 #include <charconv>
 #include <cmath>
 
+#include "store/decimal_form.h"
 #include "store/error.h"
 
 namespace ADODB {
 namespace {
 
 std::string digits_of(double number) {
-  // The smallest real has the longest fixed form: 1074 digits behind the point.
-  std::array<char, 1100> digits;
-  const auto end =
-      std::to_chars(digits.data(), digits.data() + digits.size(), number, std::chars_format::fixed);
-  return {digits.data(), end.ptr};
+  return std::isfinite(number) ? text_of(decimal_form_of(number)) : std::to_string(number);
 }
 
 struct text_form {

@@ -72,18 +72,22 @@ TEST_F(RangeConditions, NumbersAreComparedAsNumbers) {
     ok();
     EXPECT_NE(read_message().find(harness::on_server() ? "numeric" : "n_f_val"), std::string::npos);
     EXPECT_TRUE(all_lines(31).empty());
-    fill_cell(2, 5, "０．１");
+    fill_cell(2, 5, "1e400");
+    ok();
+    message("第2行目：数字の桁数が多すぎるため、登録できません");
+    fill_cell(2, 5, "７００８７１９６４．１９９７６３");
     ok();
     message("設定完了！");
-    EXPECT_EQ(tree_lines()[2], "    -9から（含まない）10000.5まで（含まない）;0.1から");
-    click_node("-9から（含まない）10000.5まで（含まない）;0.1から");
+    EXPECT_EQ(tree_lines()[2],
+              "    -9から（含まない）10000.5まで（含まない）;700871964.199763から");
+    click_node("-9から（含まない）10000.5まで（含まない）;700871964.199763から");
     press("cond_set");
-    EXPECT_EQ(grid_column(5), (rows{"-9", "0.1", ""}));
+    EXPECT_EQ(grid_column(5), (rows{"-9", "700871964.199763", ""}));
     EXPECT_EQ(grid_column(8), (rows{"まで（含まない）", "", ""}));
     press("Command2");
   });
   EXPECT_EQ(all_lines(31), (rows{"8|1|N|null|null|null|null|2|-9|2|10000.5",
-                                 "8|2|N|null|null|null|null|1|0.1|null|null"}));
+                                 "8|2|N|null|null|null|null|1|700871964.199763|null|null"}));
 }
 
 TEST(TypedNumber, TakesJustTheFormsThatTheStoreTakes) {
@@ -94,6 +98,14 @@ TEST(TypedNumber, TakesJustTheFormsThatTheStoreTakes) {
   for (const char* text :
        {"", " ", "１２", "1,000", "1 000", "abc", "inf", "nan", "0x10", "1e", "+-1"}) {
     EXPECT_FALSE(read_number(text)) << text;
+  }
+  for (const char* text : {"1e23", " +0010.50", "0e99", "-9223372036854775808", "5e-324",
+                           "0.30000000000000004", "1.7976931348623157e308"}) {
+    EXPECT_TRUE(ADODB::is_kept_exactly(text)) << text;
+  }
+  for (const char* text : {"-1e400", "1e-400", "12345678901234567890", "0.1234567890123456789",
+                           "9007199254740993.0", "9223372036854775809", "abc"}) {
+    EXPECT_FALSE(ADODB::is_kept_exactly(text)) << text;
   }
 }
 

@@ -76,7 +76,8 @@ TEST(Sql, RefusesMisplacedPlaces) {
 TEST(Value, HasTheShortestTextThatReadsBackTheSame) {
   EXPECT_EQ(Value(0.1).text(), "0.1");
   EXPECT_EQ(Value(5.0).text(), "5");
-  EXPECT_EQ(Value(1e21).text(), "1000000000000000000000");
+  EXPECT_EQ(Value(1e23).text(), "100000000000000000000000");
+  EXPECT_EQ(Value(-1.25e-3).text() + Value(12.5).text() + Value(-0.0).text(), "-0.0012512.50");
   EXPECT_EQ(std::strtod(Value(5e-324).text().c_str(), nullptr), 5e-324);
   EXPECT_EQ(Value(-std::numeric_limits<double>::max()).text().size(), 310U);
   EXPECT_EQ(Value(false).text(), "False");

@@ -58,10 +58,10 @@ CREATE TABLE replace_cond (
                                  substr(d_t_val, 9, 2)::integer)) END),
   n_f_method       integer,
   n_f_val          numeric CONSTRAINT n_f_val_is_a_number
-    CHECK (n_f_val NOT IN ('NaN', 'Infinity', '-Infinity')),
+    CHECK (n_f_val BETWEEN -1.7976931348623157e308 AND 1.7976931348623157e308),
   n_t_method       integer,
   n_t_val          numeric CONSTRAINT n_t_val_is_a_number
-    CHECK (n_t_val NOT IN ('NaN', 'Infinity', '-Infinity')),
+    CHECK (n_t_val BETWEEN -1.7976931348623157e308 AND 1.7976931348623157e308),
   b_val            boolean,
   replace_no       integer NOT NULL CHECK (replace_no BETWEEN 1 AND 32767),
   PRIMARY KEY (replace_no, replace_cond_no, sno)

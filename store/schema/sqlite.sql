@@ -40,6 +40,7 @@ CREATE INDEX replace_m_by_parent ON replace_m (p_replace_m_no);
 -- A row is a line of a condition. The primary key also gives the lines in the order of sno to
 -- whoever reads them without asking for an order. Adding no days to a date makes
 -- SQLite count it: a 31st of February becomes the 3rd of March, and differs from what was written.
+-- 9e999 stands for infinity, which is what SQLite makes of a number beyond the reals.
 CREATE TABLE replace_cond (
   replace_cond_no  INTEGER NOT NULL CHECK (replace_cond_no BETWEEN 1 AND 32767),
   sno              INTEGER NOT NULL CHECK (sno BETWEEN 1 AND 32767),
@@ -48,22 +49,26 @@ CREATE TABLE replace_cond (
   s_val            TEXT CHECK (length(s_val) <= 100),
   d_f_method       INTEGER,
   d_f_val          TEXT CONSTRAINT d_f_val_is_a_date CHECK (
-    d_f_val GLOB '[0-9][0-9][0-9][0-9][^0-9][0-9][0-9][^0-9][0-9][0-9]'
+    d_f_val NOT LIKE '0000%'
+    AND d_f_val GLOB '[0-9][0-9][0-9][0-9][^0-9][0-9][0-9][^0-9][0-9][0-9]'
     AND substr(d_f_val, 5, 1) = substr(d_f_val, 8, 1)
     AND date(replace(d_f_val, substr(d_f_val, 5, 1), '-'), '+0 days')
         IS replace(d_f_val, substr(d_f_val, 5, 1), '-')),
   d_t_method       INTEGER,
   d_t_val          TEXT CONSTRAINT d_t_val_is_a_date CHECK (
-    d_t_val GLOB '[0-9][0-9][0-9][0-9][^0-9][0-9][0-9][^0-9][0-9][0-9]'
+    d_t_val NOT LIKE '0000%'
+    AND d_t_val GLOB '[0-9][0-9][0-9][0-9][^0-9][0-9][0-9][^0-9][0-9][0-9]'
     AND substr(d_t_val, 5, 1) = substr(d_t_val, 8, 1)
     AND date(replace(d_t_val, substr(d_t_val, 5, 1), '-'), '+0 days')
         IS replace(d_t_val, substr(d_t_val, 5, 1), '-')),
   n_f_method       INTEGER,
   n_f_val          NUMERIC CONSTRAINT n_f_val_is_a_number
-    CHECK (typeof(n_f_val) IN ('null', 'integer', 'real')),
+    CHECK (typeof(n_f_val) IN ('null', 'integer', 'real')
+           AND n_f_val NOT IN (9e999, -9e999)),
   n_t_method       INTEGER,
   n_t_val          NUMERIC CONSTRAINT n_t_val_is_a_number
-    CHECK (typeof(n_t_val) IN ('null', 'integer', 'real')),
+    CHECK (typeof(n_t_val) IN ('null', 'integer', 'real')
+           AND n_t_val NOT IN (9e999, -9e999)),
   b_val            BOOLEAN CHECK (b_val IN (0, 1)),
   replace_no       INTEGER NOT NULL CHECK (replace_no BETWEEN 1 AND 32767),
   PRIMARY KEY (replace_no, replace_cond_no, sno)
