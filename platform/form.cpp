@@ -100,9 +100,7 @@ void Form::set_caption(std::string_view caption) {
 std::string Form::active_control() const {
   const QWidget* focused = QApplication::focusWidget();
   for (const Control* control : controls_) {
-    if (!control->peer_) continue;
-    const QWidget* widget = control->peer_->widget;
-    if (focused == widget || (focused && widget->isAncestorOf(focused))) return control->name_;
+    if (focused && control->peer_ && control->peer_->widget == focused) return control->name_;
   }
   return {};
 }

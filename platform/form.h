@@ -65,7 +65,8 @@ class Form {
 
   void set_caption(std::string_view caption);
 
-  /// The name of the control that has the keyboard, empty if none has.
+  /// The name of the control that has the keyboard; empty if none has, or only a part of one, which
+  /// takes keys of its own.
   [[nodiscard]] std::string active_control() const;
 
   /// The boundary between the toolkit and the system: runs an event, and shows what it fails with.

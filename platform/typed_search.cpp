@@ -2,20 +2,12 @@
 
 #include <algorithm>
 
+#include "platform/folded_text.h"
+
 namespace platform {
 namespace {
 
 constexpr int pause = 1500;  // milliseconds after which typing starts anew
-
-/// The same for two texts that differ only in the width, case or kana of their letters.
-QString folded(const QString& text) {
-  QString plain = text.normalized(QString::NormalizationForm_KC).toCaseFolded();
-  for (QChar& letter : plain) {
-    const bool hiragana = letter >= QChar(0x3041) && letter <= QChar(0x3096);
-    if (hiragana) letter = QChar(letter.unicode() + 0x60);
-  }
-  return plain;
-}
 
 }  // namespace
 

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QFont>
 #include <QIcon>
+#include <QLineEdit>
 #include <QMouseEvent>
 #include <QTest>
 #include <QTreeView>
@@ -227,6 +228,41 @@ TEST_F(ss_tree, keeps_in_sight_what_is_chosen) {
   item("c").Expanded(false);
   item("b").parent(item("c"));
   EXPECT_TRUE(item("c").Expanded()) << "the folder opens that the chosen node is put into";
+}
+
+TEST_F(ss_tree, finds_any_part_of_a_text_by_typing) {
+  for (const char* title : {"ｶﾞﾗｽの皿", "ＡＢＣ商会", "Abc", "二\n行"})
+    tree.Nodes.AddChild("a2", title, title);
+  const auto box = [this] { return view().findChild<QLineEdit*>("search"); };
+  const auto found = [&] { return box()->accessibleDescription().toStdString() + selected(); };
+  const struct {
+    const char* typed;
+    const char* found;
+  } searches[] = {{"がら", "1 / 1ｶﾞﾗｽの皿"},
+                  {"ガラスノ", "1 / 1ｶﾞﾗｽの皿"},
+                  {"ａｂｃ", "1 / 2ＡＢＣ商会"},
+                  {"abc商", "1 / 1ＡＢＣ商会"},
+                  {"二 行", "1 / 1二\n行"},
+                  {"xyz", "見つかりませんa"},
+                  {"", "a"}};
+  key(Qt::Key_Z);
+  for (const auto& search : searches) {
+    item("a").Expanded(false);
+    box()->setText(search.typed);
+    EXPECT_EQ(found(), search.found);
+  }
+  heard();
+  box()->setText("b");
+  EXPECT_EQ(found(), "1 / 3ＡＢＣ商会");
+  item("a2").Text("B");
+  for (const Qt::Key step : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Up})
+    QTest::keyClick(box(), step);
+  EXPECT_EQ(found(), "3 / 4Abc");
+  for (int back = 0; back < 3; ++back) QTest::keyClick(box(), Qt::Key_Enter, Qt::ShiftModifier);
+  EXPECT_EQ(found(), "4 / 4b");
+  EXPECT_EQ(heard().back(), "click b");
+  QTest::keyClick(box(), Qt::Key_Escape);
+  EXPECT_TRUE(view().hasFocus() && !box()->isVisible());
 }
 
 TEST_F(ss_tree, tells_a_move_once_with_a_button_held_and_away_from_the_press) {

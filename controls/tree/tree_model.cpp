@@ -35,6 +35,10 @@ void tree_model::set_pictures(const platform::ImageList& pictures) {
   icons_.clear();
 }
 
+QString tree_model::shown_text(const tree_node& node) {
+  return to_toolkit(node.text).replace('\n', ' ');
+}
+
 QModelIndex tree_model::index_of(const tree_node& node) const {
   return hidden_ || !node.parent ? QModelIndex() : at(node.row, node);
 }
@@ -108,7 +112,7 @@ QVariant tree_model::data(const QModelIndex& index, int role) const {
   const tree_node& node = *node_at(index);
   switch (role) {
     case Qt::DisplayRole:
-      return to_toolkit(node.text).replace('\n', ' ');
+      return shown_text(node);
     case Qt::ForegroundRole:
       return platform::readable_on(view_.palette().color(QPalette::Base),
                                    QColor(node.colour.red, node.colour.green, node.colour.blue));

@@ -23,6 +23,8 @@ class tree_model : public QAbstractItemModel {
   void hide(bool hidden);
   void set_pictures(const platform::ImageList& pictures);
 
+  /// The text as it stands in one row.
+  [[nodiscard]] static QString shown_text(const tree_node& node);
   [[nodiscard]] QModelIndex index_of(const tree_node& node) const;
   [[nodiscard]] static tree_node* node_at(const QModelIndex& index);  ///< of a valid index only
 

@@ -2,11 +2,8 @@
 
 #include <QApplication>
 #include <QHeaderView>
-#include <QInputMethodEvent>
 #include <QMouseEvent>
 #include <QScopedValueRollback>
-#include <algorithm>
-#include <vector>
 
 #include "platform/key_codes.h"
 
@@ -19,7 +16,8 @@ int shift_of(const QMouseEvent& event) {
 
 }  // namespace
 
-SSTree::tree_view::tree_view(SSTree& tree) : model(tree.nodes_, *this), tree_(tree) {
+SSTree::tree_view::tree_view(SSTree& tree)
+    : model(tree.nodes_, *this), tree_(tree), search_(tree.nodes_, *this) {
   setModel(&model);
   setHeaderHidden(true);
   header()->setSectionResizeMode(QHeaderView::ResizeToContents);
@@ -33,6 +31,7 @@ SSTree::tree_view::tree_view(SSTree& tree) : model(tree.nodes_, *this), tree_(tr
           [](const QModelIndex& index) { tree_model::node_at(index)->expanded = true; });
   connect(this, &QTreeView::collapsed, this,
           [this](const QModelIndex& index) { close_over_current(index); });
+  set_up_search();
 }
 
 // The keyboard's place survives a rebuild, unselected, so that whoever works without a mouse goes
@@ -120,6 +119,7 @@ void SSTree::tree_view::raise_open(const tree_node* node) {
 void SSTree::tree_view::mousePressEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   const bool arrow = on_arrow(place);
+  search_.awaits_keys = false;
   {
     const QScopedValueRollback quiet(quiet_, true);
     QTreeView::mousePressEvent(event);
@@ -149,70 +149,6 @@ void SSTree::tree_view::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   QTreeView::mouseDoubleClickEvent(event);
   if (event->button() == Qt::LeftButton && !on_arrow(place)) raise_open(node_at(place));
-}
-
-void SSTree::tree_view::keyPressEvent(QKeyEvent* event) {
-  const QModelIndex current = currentIndex();
-  const tree_node* node = current.isValid() ? tree_model::node_at(current) : nullptr;
-  switch (event->key()) {
-    case Qt::Key_Space:
-      select(node);
-      return raise_click(node);
-    case Qt::Key_Return:
-    case Qt::Key_Enter:
-      return raise_open(node);
-    case Qt::Key_Left:
-    case Qt::Key_Right:
-      if (event->modifiers().testFlag(Qt::ControlModifier) || !node) break;
-      return step_sideways(current, event->key() == Qt::Key_Left);
-    default:
-      break;
-  }
-  QTreeView::keyPressEvent(event);
-}
-
-// The toolkit's own would scroll where the tree is wider than its window.
-void SSTree::tree_view::step_sideways(const QModelIndex& from, bool left) {
-  const bool open = isExpanded(from) && model.hasChildren(from);
-  if (left && open) return collapse(from);
-  if (!left && !open) return expand(from);
-  const QModelIndex to = left ? from.parent() : model.index(0, 0, from);
-  if (to.isValid()) setCurrentIndex(to);
-}
-
-// Searches the nodes that the arrow keys reach: those whose folders are open.
-void SSTree::tree_view::keyboardSearch(const QString& typed) {
-  std::vector<QModelIndex> rows;
-  for (QModelIndex row = model.index(0, 0, {}); row.isValid(); row = indexBelow(row)) {
-    rows.push_back(row);
-  }
-  const auto here = std::find(rows.begin(), rows.end(), currentIndex());
-  const auto count = static_cast<int>(rows.size());
-  const auto current = here == rows.end() ? -1 : static_cast<int>(here - rows.begin());
-  const auto row_at = [&](int number) { return rows[static_cast<std::size_t>(number)]; };
-  const int found =
-      search_.find(typed, current, count, [&](int row) { return row_at(row).data().toString(); });
-  if (found >= 0) setCurrentIndex(row_at(found));
-}
-
-void SSTree::tree_view::inputMethodEvent(QInputMethodEvent* event) {
-  composed_.show_composition(*event, searched_from());
-  if (platform::is_space_bar(*event)) {
-    QKeyEvent space(QEvent::KeyPress, Qt::Key_Space, Qt::NoModifier);
-    keyPressEvent(&space);
-  } else if (!event->commitString().isEmpty()) {
-    keyboardSearch(event->commitString());
-  }
-}
-
-QVariant SSTree::tree_view::inputMethodQuery(Qt::InputMethodQuery query) const {
-  return composed_.answer(query, searched_from());
-}
-
-/// The current node if it is in sight, else the top.
-QRect SSTree::tree_view::searched_from() const {
-  const QRect current = visualRect(currentIndex());
-  return viewport()->rect().intersects(current) ? current : visualRect(indexAt(QPoint(1, 1)));
 }
 
 // A row takes a click over the whole width, however short its text.

@@ -8,8 +8,7 @@
 
 #include "controls/tree/ss_tree.h"
 #include "controls/tree/tree_model.h"
-#include "platform/composition_label.h"
-#include "platform/typed_search.h"
+#include "controls/tree/tree_search.h"
 
 namespace ta_vorlumine {
 
@@ -34,6 +33,7 @@ class SSTree::tree_view : public QTreeView {
 
   tree_model model;
 
+  /// What is typed on the tree opens the search box.
   void keyboardSearch(const QString& typed) override;
 
  protected:
@@ -55,6 +55,8 @@ class SSTree::tree_view : public QTreeView {
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
   void resizeEvent(QResizeEvent* event) override;
+  void updateGeometries() override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   [[nodiscard]] bool on_arrow(QPoint place) const;
@@ -66,7 +68,8 @@ class SSTree::tree_view : public QTreeView {
   void raise_drag_over(QPoint place);
   void scroll_at_edge();
   void open_what_is_rested_on();
-  [[nodiscard]] QRect searched_from() const;
+  void set_up_search();
+  [[nodiscard]] const tree_node* current() const;
 
   SSTree& tree_;
   bool quiet_ = false;  // selections are not raised: the press that makes them raises its own click
@@ -78,8 +81,7 @@ class SSTree::tree_view : public QTreeView {
   int beats_at_edge_ = 0;
   int beats_at_rest_ = 0;
   QPersistentModelIndex rested_on_;
-  platform::typed_search search_;
-  platform::composition_label composed_{*this, *viewport()};
+  tree_search search_;
   std::string current_key_;  // while drawing is off
   std::string top_key_;      // of what will be on top when drawn
 };
