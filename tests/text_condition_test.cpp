@@ -130,6 +130,23 @@ TEST_F(TextCondition, OkWaitsForAProgramThatIsWriting) {
   EXPECT_EQ(texts(1).front(), "1|1|1|北");
 }
 
+TEST_F(TextCondition, LinesThatAnotherProgramChangedAreWrittenOverOnlyWhenAsked) {
+  const std::string asked =
+      "この条件は他のプログラムによって変更されています。上書きしてもよろしいですか";
+  edit_at("敬称", condition, "cond_set", [&] {
+    fill_cell(1, 5, "北");
+    store.run("update replace_cond set s_val='他人' where replace_no=1 and sno=4");
+    ok();
+    question(asked, false);
+    EXPECT_EQ(texts(1), (rows{"1|1|1|東", "1|2|2|西", "1|4|3|他人"}));
+    EXPECT_EQ(grid_column(5), (rows{"北", "西", "南", ""}));
+    ok();
+    question(asked, true);
+    message("設定完了！");
+  });
+  EXPECT_EQ(texts(1), (rows{"1|1|1|北", "1|2|2|西", "1|4|3|南"}));
+}
+
 TEST_F(TextCondition, AnEmptiedConditionGoesAsDeletingItWould) {
   const auto empty_it = [] {
     for (int i = 0; i < 3; ++i) {
