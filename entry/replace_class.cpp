@@ -1,20 +1,37 @@
 #include "ta_vorlumine/replace_class.h"
 
+#include <memory>
 #include <stdexcept>
 
 #include "browser/replace_form.h"
 #include "platform/application.h"
 #include "platform/shown_failures.h"
 #include "rules/failure_words.h"
+#include "platform/waiting_note.h"
+#include "store/waiting.h"
 
 namespace ta_vorlumine {
 namespace {
+
+class waiting_window : public ADODB::shown_wait {
+ public:
+  explicit waiting_window(ADODB::awaited what)
+      : note_(what == ADODB::awaited::connection ? "サーバーに接続しています…"
+                                                 : "サーバーの応答を待っています…") {}
+  [[nodiscard]] bool goes_on() override { return note_.goes_on(); }
+
+ private:
+  platform::waiting_note note_;
+};
 
 /// The connection of the thread's forms for one call; closes it if the call fails.
 class open_store {
  public:
   open_store(ADODB::Connection& connection, const std::string& connect_string)
       : connection_(connection) {
+    connection_.while_waiting = [](ADODB::awaited what) {
+      return std::make_unique<waiting_window>(what);
+    };
     connection_.Open(connect_string);
   }
   open_store(const open_store&) = delete;

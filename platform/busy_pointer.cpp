@@ -1,30 +1,23 @@
 #include "platform/busy_pointer.h"
 
 #include <QApplication>
-#include <QEvent>
+#include <chrono>
+
+#include "platform/input_sink.h"
 
 namespace platform {
 namespace {
 
-/// Swallows what the user did to the windows.
-class input_sink : public QObject {
- public:
-  bool eventFilter(QObject*, QEvent* event) override {
-    switch (event->type()) {
-      case QEvent::MouseButtonPress:
-      case QEvent::MouseButtonRelease:
-      case QEvent::MouseButtonDblClick:
-      case QEvent::KeyPress:
-      case QEvent::KeyRelease:
-      case QEvent::ShortcutOverride:
-      case QEvent::Shortcut:
-      case QEvent::Close:
-        return true;
-      default:
-        return false;
-    }
-  }
-};
+using std::chrono::steady_clock;
+
+// As long as a double click may take, whose second press must not get lost.
+constexpr std::chrono::milliseconds blink(500);
+
+thread_local steady_clock::time_point last_answer;
+
+void swallow_after_blink() {
+  if (steady_clock::now() - last_answer > blink) input_sink().swallow();
+}
 
 }  // namespace
 
@@ -33,11 +26,24 @@ busy_pointer::busy_pointer() {
 }
 
 busy_pointer::~busy_pointer() {
-  input_sink sink;
-  qApp->installEventFilter(&sink);
-  QCoreApplication::processEvents(QEventLoop::ExcludeSocketNotifiers);
-  qApp->removeEventFilter(&sink);
+  input_sink().swallow();
   QApplication::restoreOverrideCursor();
+}
+
+event_run::event_run() {
+  last_answer = steady_clock::now();
+}
+
+event_run::~event_run() {
+  swallow_after_blink();
+}
+
+modal_run::modal_run() {
+  swallow_after_blink();
+}
+
+modal_run::~modal_run() {
+  last_answer = steady_clock::now();
 }
 
 }  // namespace platform

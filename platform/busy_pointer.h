@@ -12,4 +12,24 @@ class busy_pointer {
   ~busy_pointer();
 };
 
+/// Lives while an event of a form runs. If it keeps the windows from answering for longer than a
+/// blink, what the user does meanwhile goes nowhere, too.
+class event_run {
+ public:
+  event_run();
+  event_run(const event_run&) = delete;
+  event_run& operator=(const event_run&) = delete;
+  ~event_run();
+};
+
+/// Lives while a modal window within the event answers the user. It doesn't get what was meant for
+/// the window before, either.
+class modal_run {
+ public:
+  modal_run();
+  modal_run(const modal_run&) = delete;
+  modal_run& operator=(const modal_run&) = delete;
+  ~modal_run();
+};
+
 }  // namespace platform

@@ -4,6 +4,7 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
+#include "platform/busy_pointer.h"
 #include "platform/fonts.h"
 #include "platform/toolkit_peer.h"
 
@@ -37,6 +38,7 @@ std::string CommonDialog::ShowOpen() const {
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(name_filters(Filter));
   if (QFileInfo(last_folder).isDir()) dialog.setDirectory(last_folder);
+  const modal_run run;
   if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
   last_folder = dialog.directory().absolutePath();
   return from_toolkit(dialog.selectedFiles().constFirst());

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/arrangement.h"
+#include "platform/busy_pointer.h"
 #include "platform/control.h"
 #include "platform/fonts.h"
 #include "platform/toolkit_peer.h"
@@ -69,7 +70,10 @@ void Form::destroy_widgets() {
 
 void Form::show() {
   load();
-  window_->exec();
+  {
+    const modal_run run;
+    window_->exec();
+  }
   destroy_widgets();
   // A message that went just before leaves some window managers with no window to go back to.
   if (QWidget* beneath = QApplication::activeModalWidget()) beneath->activateWindow();

@@ -5,6 +5,7 @@
 #include <QGridLayout>
 #include <QMessageBox>
 
+#include "platform/busy_pointer.h"
 #include "platform/fonts.h"
 #include "platform/toolkit_peer.h"
 
@@ -33,6 +34,7 @@ int run(QMessageBox::Icon icon, std::string_view text, QMessageBox::StandardButt
     button->setIcon(QIcon());  // no other window has any
   make_room_for_caption(box);
   const plain_pointer pointer;
+  const modal_run run;
   return box.exec();
 }
 

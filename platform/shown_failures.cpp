@@ -1,5 +1,6 @@
 #include "platform/shown_failures.h"
 
+#include "platform/busy_pointer.h"
 #include "platform/form.h"
 #include "platform/messages.h"
 
@@ -19,6 +20,7 @@ void word_failures_by(std::string (*words)(const std::exception& failure)) {
 }
 
 void Form::guarded(const std::function<void()>& event) {
+  const event_run run;
   try {
     event();
     return;

@@ -8,6 +8,7 @@ void Connection::Open(std::string_view connection_string, access access) {
   if (is_open()) throw Error(failure_kind::other, "the connection is already open");
   connection_settings settings = read_connection_string(connection_string);
   settings.opened_for = access;
+  settings.while_waiting = while_waiting;
   engine_ = open_engine(settings);
 }
 

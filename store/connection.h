@@ -12,6 +12,9 @@ namespace ADODB {
 /// One connection to a rule store. Used by one thread at a time. Every failure is an Error.
 class Connection {
  public:
+  /// Shows the user waits for a server, from the next Open on.
+  wait_display while_waiting;
+
   /// Opens the store that the connection string names. The store must exist: nothing is created.
   /// Failing leaves the connection closed, and a later Open works.
   void Open(std::string_view connection_string, access access = access::writing);

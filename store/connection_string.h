@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "store/waiting.h"
+
 namespace ADODB {
 
 /// What a store is opened for. Reading also works on files, folders and servers that can't be
@@ -14,7 +16,8 @@ enum class access { reading, writing };
 struct connection_settings {
   std::string driver;                         ///< "sqlite" or "postgresql"
   std::map<std::string, std::string> values;  ///< every other key of that driver that was given
-  access opened_for = access::writing;        ///< not part of the text
+  access opened_for = access::writing;        ///< not part of the text, like the next one
+  wait_display while_waiting = {};
 };
 
 /// Reads `Key=value;Key=value`; a value that holds ";" stands in braces: {a;b}. Raises Error on an

@@ -1,6 +1,10 @@
 #include "store/postgresql_connecting.h"
 
 #include <array>
+#include <future>
+#include <thread>
+
+#include "store/error.h"
 
 namespace ADODB {
 namespace {
@@ -32,14 +36,7 @@ seconds limit(const connection_settings& settings, const char* key, int otherwis
   return seconds(given == settings.values.end() ? otherwise : std::stoi(given->second));
 }
 
-}  // namespace
-
-time_limits limits_of(const connection_settings& settings) {
-  return {limit(settings, "connecttimeout", 5), limit(settings, "statementtimeout", 10),
-          limit(settings, "locktimeout", 5)};
-}
-
-postgresql_handle connect(const connection_settings& settings) {
+postgresql_handle connect_now(const connection_settings& settings) {
   std::vector<const char*> keywords;
   std::vector<const char*> values;
   const auto add = [&](const char* keyword, const char* value) {
@@ -58,6 +55,29 @@ postgresql_handle connect(const connection_settings& settings) {
   add(nullptr, nullptr);
   // The 0 keeps libpq from reading a database name with a "=" in it as a connection string.
   return postgresql_handle(PQconnectdbParams(keywords.data(), values.data(), 0));
+}
+
+}  // namespace
+
+time_limits limits_of(const connection_settings& settings) {
+  return {limit(settings, "connecttimeout", 5), limit(settings, "statementtimeout", 10),
+          limit(settings, "locktimeout", 5)};
+}
+
+// libpq tries several hosts, each within its limit, in one call only, which blocks. So that the
+// wait can be shown and ended, the call runs in a thread of its own, which uses nothing but its
+// copies.
+postgresql_handle connect(const connection_settings& settings) {
+  if (!settings.while_waiting) return connect_now(settings);
+  std::packaged_task<postgresql_handle()> call([copy = settings] { return connect_now(copy); });
+  std::future<postgresql_handle> made = call.get_future();
+  std::thread(std::move(call)).detach();
+  constexpr std::chrono::hours longest(1);
+  patience wait(awaited::connection, settings.while_waiting, longest);
+  while (made.wait_for(wait.next_piece()) != std::future_status::ready)
+    if (wait.look() != patience::state::waits)
+      throw Error(failure_kind::lost_connection, "the user has ended the wait for the server");
+  return made.get();
 }
 
 // Several selects have no ORDER BY, and their rows are shown in the order of the index that finds

@@ -28,7 +28,8 @@ struct time_limits {
 [[nodiscard]] time_limits limits_of(const connection_settings& settings);
 
 /// Connects to the existing database that the settings name: of several hosts the first that takes
-/// writes, or that answers if the store is to be read. Whether it could, PQstatus tells.
+/// writes, or that answers if the store is to be read. Whether it could, PQstatus tells. A user
+/// who is shown the wait can end it, which raises Error.
 [[nodiscard]] postgresql_handle connect(const connection_settings& settings);
 
 /// What this program wants of the server beside its answers, as texts of statements.

@@ -16,8 +16,6 @@
 namespace ADODB {
 namespace {
 
-using std::chrono::steady_clock;
-
 // The server itself ends a statement that takes too long. Its word of that needs a moment.
 constexpr std::chrono::seconds longest_way(2);
 
@@ -91,7 +89,10 @@ std::vector<const char*> texts_of(const std::vector<bound_value>& values) {
 }  // namespace
 
 postgresql_session::postgresql_session(const connection_settings& settings)
-    : limits_(limits_of(settings)), settings_(limits_), handle_(connect(settings)) {
+    : limits_(limits_of(settings)),
+      settings_(limits_),
+      handle_(connect(settings)),
+      while_waiting_(settings.while_waiting) {
   if (PQstatus(handle_.get()) != CONNECTION_OK)
     throw Error(failure_kind::other, without_line_end(PQerrorMessage(handle_.get())));
   if (const char* const password = PQpass(handle_.get())) password_ = password;
@@ -204,6 +205,7 @@ void postgresql_session::check(const PGresult* answer) {
 // A session that ends while nothing is asked leaves its last word and the end of the stream.
 bool postgresql_session::has_ended() {
   if (is_lost()) return true;
+  if (is_shown_waiting_) return false;
   pollfd socket{PQsocket(handle_.get()), POLLIN, 0};
   while (::poll(&socket, 1, 0) > 0) {
     if (PQconsumeInput(handle_.get()) == 0 || PQstatus(handle_.get()) != CONNECTION_OK) {
@@ -226,6 +228,8 @@ std::string postgresql_session::encoding() const {
 
 PGconn* postgresql_session::handle_or_fail() const {
   if (is_lost()) throw Error(failure_kind::lost_connection, "the connection to the server is lost");
+  if (is_shown_waiting_)
+    throw Error(failure_kind::other, "another command still waits for the server");
   return handle_.get();
 }
 
@@ -248,19 +252,28 @@ postgresql_answer postgresql_session::answer_to(int sent) {
 /// Sends what libpq has not sent yet, and waits until PQgetResult can be called without blocking:
 /// it then gives the next part of the answer, or the failure of the connection.
 void postgresql_session::wait() {
-  const auto deadline = steady_clock::now() + limits_.statement + longest_way;
+  patience patience_left(awaited::answer, while_waiting_, limits_.statement + longest_way);
   while (true) {
     const int unsent = PQflush(handle_.get());
     if (unsent < 0 || (unsent == 0 && !PQisBusy(handle_.get()))) return;
     pollfd socket{PQsocket(handle_.get()), static_cast<short>(unsent ? POLLIN | POLLOUT : POLLIN),
                   0};
-    const auto left =
-        std::chrono::ceil<std::chrono::milliseconds>(deadline - steady_clock::now()).count();
-    const int ready = left > 0 ? ::poll(&socket, 1, static_cast<int>(left)) : 0;
-    if (ready == 0) give_up();
+    const int ready = ::poll(&socket, 1, static_cast<int>(patience_left.next_piece().count()));
+    if (ready == 0) go_on_waiting(patience_left);
     if (ready < 0 && errno == EINTR) continue;
     if (PQconsumeInput(handle_.get()) == 0) return;
   }
+}
+
+/// A statement that the user ends has an answer, too: that it was cancelled, or what it had done.
+void postgresql_session::go_on_waiting(patience& wait) {
+  is_shown_waiting_ = true;
+  const patience::state state = wait.look();
+  is_shown_waiting_ = false;
+  if (state == patience::state::waits) return;
+  if (state == patience::state::is_over || is_committing_) give_up();
+  cancel_statement(handle_.get());
+  wait.go_on_unseen(longest_way);
 }
 
 /// What the server hasn't got by now must not reach it later: to a COMMIT among it, for one, the

@@ -79,6 +79,7 @@ class postgresql_session {
                                                         const std::vector<bound_value>& values);
   [[nodiscard]] postgresql_answer answer_to(int sent);
   void wait();
+  void go_on_waiting(patience& wait);
   [[noreturn]] void give_up();
   [[noreturn]] void lose(const std::string& reason);
 
@@ -87,7 +88,9 @@ class postgresql_session {
   postgresql_handle handle_;
   std::string password_;
   bool is_pooled_ = false;
+  wait_display while_waiting_;
   bool is_committing_ = false;
+  bool is_shown_waiting_ = false;
   bool was_given_up_ = false;
 };
 
