@@ -60,6 +60,10 @@ void replaceForm::move_title_node(const Node& source, const Node& target) {
   init_form();
 }
 
+void replaceForm::file_title_node(const Node& source, const Node& target) {
+  if (source.Text() != target.Text()) move_title_node(source, target);
+}
+
 void replaceForm::press_on_tree(int x, int y) {
   drag_source_node = SSTree1.HitTest(x, y);
   if (!drag_source_node.is_empty()) SSTree1.SelectedItem(drag_source_node);
@@ -80,7 +84,7 @@ void replaceForm::drop_on_tree() {
   SSTree1.DropHighlight(Node());
   drag_running = false;
   if (target.is_empty()) return;
-  if (drag_source_node.Text() != target.Text()) move_title_node(drag_source_node, target);
+  file_title_node(drag_source_node, target);
 }
 
 }  // namespace ta_vorlumine

@@ -50,6 +50,18 @@ replaceForm::replaceForm()
   SSTree1.on_mouse_move = [this](int buttons, int, int, int) { move_on_tree(buttons); };
   SSTree1.on_drag_over = [this](int x, int y) { drag_over_tree(x, y); };
   SSTree1.on_drop = [this] { drop_on_tree(); };
+  using key = node_command::key;
+  SSTree1.offer(Toolbar1, {{"addf"},
+                           {"updatef", key::f2},
+                           {"delf", key::del},
+                           {"add", key::insert},
+                           {"update", key::f2},
+                           {"copy"},
+                           {"del", key::del}});
+  SSTree1.moving = {
+      .may_go = [](const Node& node) { return node.Key() != "0"; },
+      .takes_nodes = [](const Node& node) { return node.Tag() == "0"; },
+      .move = [this](const Node& source, const Node& target) { file_title_node(source, target); }};
 }
 
 }  // namespace ta_vorlumine

@@ -79,6 +79,8 @@ class replaceForm {
   void show_editor();
 
   void move_title_node(const Node& source, const Node& target);
+  /// What a drop does, and the menu: nothing onto a namesake.
+  void file_title_node(const Node& source, const Node& target);
   void press_on_tree(int x, int y);
   void move_on_tree(int buttons);
   void drag_over_tree(int x, int y);

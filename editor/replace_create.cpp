@@ -40,6 +40,11 @@ replace_create::replace_create()
   };
   Toolbar1.on_button_click = [this](const std::string&, int position) { press(position); };
   SSTree1.on_node_click = [this](const Node& node) { select_node(node); };
+  using key = node_command::key;
+  SSTree1.offer(Toolbar1, {{"addr_set", key::insert},
+                           {"cond_set", key::f2},
+                           {"cond_val_set", key::f2},
+                           {"del_set", key::del}});
 }
 
 void replace_create::Init_ToolBar() {

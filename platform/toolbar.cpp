@@ -28,6 +28,10 @@ struct toolbar_peer : toolkit_peer {
   std::vector<QToolButton*> buttons;  // null for a separator
 };
 
+QToolButton& widget_at(toolkit_peer& peer, int position) {
+  return *static_cast<toolbar_peer&>(peer).buttons.at(static_cast<std::size_t>(position) - 1);
+}
+
 QToolButton* make_button(const Toolbar::button& button, const std::string& picture, int number) {
   auto* made = new tool_button;
   made->setObjectName(to_toolkit(button.key));
@@ -82,18 +86,37 @@ std::unique_ptr<toolkit_peer> Toolbar::make() {
   return peer;
 }
 
-void Toolbar::enable(std::string_view key, bool enabled) {
+int Toolbar::position_of(std::string_view key) const {
   for (std::size_t i = 0; i < buttons_.size(); ++i) {
-    if (buttons_[i].key == key) return enable(static_cast<int>(i) + 1, enabled);
+    if (buttons_[i].key == key) return static_cast<int>(i) + 1;
   }
   throw std::logic_error("no such button: " + std::string(key));
 }
 
+const Toolbar::button& Toolbar::described(std::string_view key) const {
+  return buttons_[static_cast<std::size_t>(position_of(key)) - 1];
+}
+
+std::string Toolbar::picture(std::string_view key) const {
+  return pictures_.path(std::string(key));
+}
+
+bool Toolbar::is_on(std::string_view key) {
+  return widget_at(peer(), position_of(key)).isEnabled();
+}
+
+void Toolbar::press(std::string_view key) {
+  widget_at(peer(), position_of(key)).click();
+}
+
+void Toolbar::enable(std::string_view key, bool enabled) {
+  enable(position_of(key), enabled);
+}
+
 void Toolbar::enable(int position, bool enabled) {
-  QToolButton* const widget =
-      static_cast<toolbar_peer&>(peer()).buttons.at(static_cast<std::size_t>(position) - 1);
-  if (!enabled && rest && widget->window()->focusWidget() == widget) rest->set_focus();
-  widget->setEnabled(enabled);
+  QToolButton& widget = widget_at(peer(), position);
+  if (!enabled && rest && widget.window()->focusWidget() == &widget) rest->set_focus();
+  widget.setEnabled(enabled);
 }
 
 }  // namespace platform

@@ -28,11 +28,20 @@ class Toolbar : public Control {
   /// would, and what was meant for the one before might close the window.
   Control* rest = nullptr;
 
+  // For whatever offers the same commands in another place.
+
+  [[nodiscard]] const button& described(std::string_view key) const;
+  [[nodiscard]] std::string picture(std::string_view key) const;  ///< its resource path
+  [[nodiscard]] bool is_on(std::string_view key);
+  /// As a click on the button.
+  void press(std::string_view key);
+
   void enable(std::string_view key, bool enabled);
   void enable(int position, bool enabled);
 
  private:
   std::unique_ptr<toolkit_peer> make() override;
+  [[nodiscard]] int position_of(std::string_view key) const;
 
   const ImageList& pictures_;
   std::vector<button> buttons_;

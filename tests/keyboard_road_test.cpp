@@ -106,10 +106,15 @@ TEST(KeyboardRoad, LeadsFromAnEmptyStoreToAFinishedDefinition) {
     EXPECT_EQ(tree_lines(), (rows{"条件設定", "  営業", "    敬称"}));
     EXPECT_EQ(focused_control(), "SSTree1");
     key(Qt::Key_Escape);
+    key(Qt::Key_Down);
+    menu("移動する項目にする");
+    key(Qt::Key_Home);
+    menu("「敬称」をここへ移動");
+    EXPECT_EQ(tree_lines(), (rows{"条件設定", "  営業", "  敬称"}));
     press("close");
   });
   EXPECT_EQ(store.rows("select p_replace_no,kind,title,comment from replace order by replace_no"),
-            (rows{"0|F|営業|null", "1|C|敬称|会社による敬称"}));
+            (rows{"0|F|営業|null", "0|C|敬称|会社による敬称"}));
   EXPECT_EQ(store.rows("select p_replace_m_no,use_type,field_id,replace_cond_type,replace_title,"
                        "r_text from replace_m order by replace_m_no"),
             (rows{"0|F|F2|null|null|null", "1|C|null|0|null|null", "1|C|null|1|null|null",

@@ -66,9 +66,15 @@ TEST_F(TitleBrowser, SelectionAllowsWhatTheNodeTakesAndShowsItsRemark) {
     click_node("条件設定");
     EXPECT_EQ(enabled_buttons(), "addf add close");
     EXPECT_EQ(text_of("Label1"), "");
+    EXPECT_EQ(menu(), "作成 追加\tInsert");
     click_node("宛名");
     EXPECT_EQ(enabled_buttons(), of_folder);
+    EXPECT_EQ(menu(), "作成 修正\tF2 削除\tDelete 追加\tInsert 移動する項目にする");
+    key(Qt::Key_Delete);
+    question(sure, false);
+    EXPECT_EQ(menu(), "移動する項目にする") << "the buttons are off";
     click_node("御中");
+    EXPECT_EQ(menu(), "修正\tF2 複写 削除\tDelete 移動する項目にする");
     EXPECT_EQ(enabled_buttons(), of_definition);
     EXPECT_EQ(text_of("Label1"), "社'名");
     click_node("会社");
@@ -255,7 +261,17 @@ TEST_F(TitleBrowser, FilesNodesByDraggingThem) {
       drag_node("宛名", below_a_namesake);
       message(refused);
     }
-    drag_node("御中", "条件設定");
+    click_node("宛名");
+    menu("移動する項目にする");
+    click_node("会社");
+    menu("「宛名」をここへ移動");
+    message(refused);
+    click_node("御中");
+    menu("移動する項目にする");
+    EXPECT_EQ(menu(), "修正\tF2 複写 削除\tDelete 移動をやめる\tEsc");
+    click_node("条件設定");
+    menu("「御中」をここへ移動");
+    EXPECT_EQ(menu(), "作成 追加\tInsert") << "nothing is marked any more";
     drag_node("御中", "総務");
     drag_node("会社", "総務");  // the folder that holds a namesake, none above it
     EXPECT_EQ(tree_lines().back(), "    会社");

@@ -48,6 +48,9 @@ void key(int toolkit_key, Qt::KeyboardModifiers held = {});
 /// Clicks the node with this text; a path "営業/宛名" where one text is not enough.
 void click_node(const std::string& path);
 void click_node(const QModelIndex& node);
+/// Opens the menu of the node that has the keyboard, and chooses the entry that begins so; gives
+/// the entries, separated by blanks. Without a text it only looks.
+std::string menu(const std::string& entry = {});
 void double_click_node(const QModelIndex& node);
 /// Moves the node to the other by the toolkit's drag events.
 void drag_node(const QModelIndex& source, const QModelIndex& target);

@@ -4,6 +4,7 @@
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QTableView>
 #include <QTest>
@@ -111,6 +112,22 @@ void click_node(const std::string& path) {
 void click_node(const QModelIndex& node) {
   perform("clicks " + text_of(node),
           [=] { QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, place_of(node)); });
+}
+
+std::string menu(const std::string& entry) {
+  std::string entries;
+  perform("chooses " + entry + " from the menu", [&] {
+    QTest::keyClick(&focus(), Qt::Key_F10, Qt::ShiftModifier);
+    QPointer<QMenu> menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    if (!menu) return;
+    menu->close();
+    for (QAction* action : menu->actions()) {
+      const std::string text = action->text().toStdString();
+      if (!text.empty()) entries += (entries.empty() ? "" : " ") + text;
+      if (!entry.empty() && text.starts_with(entry)) return action->trigger();
+    }
+  });
+  return entries;
 }
 
 void double_click_node(const QModelIndex& node) {

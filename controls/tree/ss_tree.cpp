@@ -91,6 +91,11 @@ void SSTree::Drag(const Node& node) {
   view().drag(node.get());
 }
 
+void SSTree::offer(platform::Toolbar& toolbar, std::vector<node_command> commands) {
+  toolbar_ = &toolbar;
+  commands_ = std::move(commands);
+}
+
 tree_node& SSTree::insert(tree_node& parent, std::string_view key, std::string_view text,
                           std::string_view tag) {
   return view().model.insert(parent, key, text, tag);

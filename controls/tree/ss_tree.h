@@ -4,10 +4,12 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "controls/tree/tree_nodes.h"
 #include "platform/control.h"
 #include "platform/image_list.h"
+#include "platform/toolbar.h"
 
 namespace ta_vorlumine {
 
@@ -83,6 +85,22 @@ class node_collection {
   SSTree& tree_;
 };
 
+/// A button of a toolbar whose command works on the chosen node.
+struct node_command {
+  enum class key { none, insert, f2, del };
+
+  std::string button;
+  key pressed_by = key::none;
+};
+
+/// How nodes are moved without a mouse: the menu of a node marks it, and that of another takes it
+/// there.
+struct node_moving {
+  std::function<bool(const Node&)> may_go;
+  std::function<bool(const Node&)> takes_nodes;
+  std::function<void(const Node& source, const Node& target)> move;
+};
+
 /// The tree control of both trees. Positions are in the toolkit's pixels within the control.
 class SSTree : public platform::Control {
  public:
@@ -114,6 +132,12 @@ class SSTree : public platform::Control {
   /// tells the way and, once it is over, on_drop a drop onto the tree. A drag left otherwise
   /// clears the highlight.
   void Drag(const Node& node);
+
+  /// The menu of a node offers those of the commands whose buttons are on; a key presses the first
+  /// of its own that is.
+  void offer(platform::Toolbar& toolbar, std::vector<node_command> commands);
+  /// Without it, nodes stay where they are.
+  node_moving moving;
 
   /// A node was clicked, or chosen by the keyboard; also one that was selected before.
   std::function<void(const Node&)> on_node_click;
@@ -149,6 +173,8 @@ class SSTree : public platform::Control {
   std::string accessible_name_;
   tree_nodes nodes_;
   std::weak_ptr<tree_node> drop_highlight_;
+  platform::Toolbar* toolbar_ = nullptr;
+  std::vector<node_command> commands_;
 };
 
 }  // namespace ta_vorlumine

@@ -99,17 +99,19 @@ void SSTree::tree_view::scrollContentsBy(int dx, int dy) {
   if (state() == DraggingState) raise_drag_over(drag_place_);
 }
 
+// The drop's place, and what the menu has marked to be moved.
 void SSTree::tree_view::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                                 const QModelIndex& index) const {
   QTreeView::drawRow(painter, option, index);
-  const auto highlighted = tree_.drop_highlight_.lock();
-  if (!highlighted || highlighted.get() != tree_model::node_at(index)) return;
+  const tree_node* node = tree_model::node_at(index);
+  const bool is_target = tree_.drop_highlight_.lock().get() == node;
+  if (!is_target && model.marked() != node) return;
   QColor colour = palette().color(QPalette::Highlight);
   const QRect row(visualRect(index));
-  painter->setPen(QPen(colour, 2));
+  painter->setPen(QPen(colour, 2, is_target ? Qt::SolidLine : Qt::DashLine));
   painter->drawRect(row.adjusted(1, 1, -1, -1));
   colour.setAlpha(60);
-  painter->fillRect(row, colour);
+  if (is_target) painter->fillRect(row, colour);
 }
 
 }  // namespace ta_vorlumine

@@ -43,13 +43,16 @@ void SSTree::tree_view::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Enter:
       return raise_open(node);
     case Qt::Key_Escape:
-      return search_.close_box();
+      return search_.is_open() ? search_.close_box() : model.mark(nullptr);
+    case Qt::Key_F10:
+      if (event->modifiers() != Qt::ShiftModifier) break;
+      return open_menu_of_current();
     case Qt::Key_Left:
     case Qt::Key_Right:
       if (event->modifiers().testFlag(Qt::ControlModifier) || !node) break;
       return step_sideways(currentIndex(), event->key() == Qt::Key_Left);
     default:
-      break;
+      if (event->modifiers() == Qt::NoModifier && press_command_of(event->key())) return;
   }
   QTreeView::keyPressEvent(event);
 }

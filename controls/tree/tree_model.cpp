@@ -35,6 +35,13 @@ void tree_model::set_pictures(const platform::ImageList& pictures) {
   icons_.clear();
 }
 
+void tree_model::mark(const tree_node* node) {
+  const tree_node* before = marked();
+  marked_key_ = node ? node->key : std::string();
+  if (before) show_change(*before);
+  if (node) show_change(*node);
+}
+
 QString tree_model::shown_text(const tree_node& node) {
   return to_toolkit(node.text).replace('\n', ' ');
 }
@@ -118,6 +125,8 @@ QVariant tree_model::data(const QModelIndex& index, int role) const {
                                    QColor(node.colour.red, node.colour.green, node.colour.blue));
     case Qt::FontRole:
       return font(node);
+    case Qt::AccessibleDescriptionRole:
+      return &node == marked() ? "移動する項目" : QString();
     case Qt::DecorationRole:
       return picture(node.expanded && !node.expanded_image.empty() ? node.expanded_image
                                                                    : node.image);

@@ -23,6 +23,10 @@ class tree_model : public QAbstractItemModel {
   void hide(bool hidden);
   void set_pictures(const platform::ImageList& pictures);
 
+  /// Marks a node to be moved, none if it is null. The mark stays with the node's key.
+  void mark(const tree_node* node);
+  [[nodiscard]] const tree_node* marked() const { return nodes_.find(marked_key_); }
+
   /// The text as it stands in one row.
   [[nodiscard]] static QString shown_text(const tree_node& node);
   [[nodiscard]] QModelIndex index_of(const tree_node& node) const;
@@ -50,6 +54,7 @@ class tree_model : public QAbstractItemModel {
   const QWidget& view_;
   const platform::ImageList* pictures_ = nullptr;
   mutable QHash<QString, QIcon> icons_;
+  std::string marked_key_;
   bool hidden_ = false;
 };
 

@@ -130,9 +130,8 @@ void tree_search::take_key(QKeyEvent& key) {
 }
 
 QVariant tree_search::answer(Qt::InputMethodQuery query) const {
-  const QVariant answered = line_->inputMethodQuery(query);
-  if (query != Qt::ImCursorRectangle) return answered;
-  return answered.toRect().translated(line_->mapTo(&view_, QPoint()));
+  if (query != Qt::ImCursorRectangle) return line_->inputMethodQuery(query);
+  return line_->inputMethodQuery(query).toRect().translated(line_->mapTo(&view_, QPoint()));
 }
 
 searched_texts& tree_search::texts() {

@@ -10,6 +10,8 @@
 #include "controls/tree/tree_model.h"
 #include "controls/tree/tree_search.h"
 
+class QMenu;
+
 namespace ta_vorlumine {
 
 /// The toolkit's view of the nodes. Raises the tree's events.
@@ -56,6 +58,7 @@ class SSTree::tree_view : public QTreeView {
                const QModelIndex& index) const override;
   void resizeEvent(QResizeEvent* event) override;
   void updateGeometries() override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
@@ -69,6 +72,13 @@ class SSTree::tree_view : public QTreeView {
   void scroll_at_edge();
   void open_what_is_rested_on();
   void set_up_search();
+  void open_menu_of_current();
+  void open_menu(QPoint place);
+  void add_commands(QMenu& menu);
+  void add_moving(QMenu& menu, const tree_node& node);
+  void put_marked(const Node& target);
+  [[nodiscard]] const node_command* command_of(node_command::key key);
+  bool press_command_of(int toolkit_key);
   [[nodiscard]] const tree_node* current() const;
 
   SSTree& tree_;
