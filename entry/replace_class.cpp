@@ -6,8 +6,8 @@
 #include "browser/replace_form.h"
 #include "platform/application.h"
 #include "platform/shown_failures.h"
-#include "rules/failure_words.h"
 #include "platform/waiting_note.h"
+#include "rules/failure_words.h"
 #include "store/waiting.h"
 
 namespace ta_vorlumine {
