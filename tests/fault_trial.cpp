@@ -83,7 +83,7 @@ void fault_trial::read(QMessageBox& box) {
       "タイトルと備考を保存できませんでした。保存せずに閉じてもよろしいですか\n\n";
   const bool may_leave = text.starts_with(leaving);
   if (may_leave) text.erase(0, leaving.size());
-  if (has_failed() && !std::exchange(has_read_, true)) was_told = faults_->tells(text);
+  if (has_failed() && !std::exchange(has_read_, true)) was_told = faults_->tells(engine_text(text));
   // The yes/no dialog says so before its last statements; what fails then is told afterwards.
   const bool is_early = command_->steps.contains("r_yesno_cond");
   was_deceived = was_deceived || (text == "設定完了！" && !is_early && !is_done());

@@ -85,8 +85,11 @@ void random_user::do_something(QWidget& top) {
 
 void random_user::answer(QWidget& box) {
   auto& message = static_cast<QMessageBox&>(box);
-  note("reads \"" + message.text().toStdString() + "\"");
-  const auto is_begin = [&](const char* known) { return message.text().startsWith(known); };
+  const std::string text = message.text().toStdString();
+  note("reads \"" + text + "\"");
+  const auto is_begin = [&](const char* known) {
+    return text.starts_with(known) || engine_text(text).starts_with(known);
+  };
   if (message.windowTitle() != "Quorvi" || std::ranges::none_of(known_texts, is_begin))
     give_up("nobody should read this");
   pick({{8, [&] { message.button(QMessageBox::Ok)->click(); }},

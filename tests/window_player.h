@@ -48,4 +48,10 @@ void show_browser(const std::string& connect_string);
 /// Leaves a window by its own button: close, exit or Cancel.
 void leave(const QWidget& window);
 
+/// A message without the sentence for the user above the engine's own text, if it has one.
+[[nodiscard]] inline std::string engine_text(const std::string& message) {
+  const auto end = message.rfind("\n\n");
+  return end == std::string::npos ? message : message.substr(end + 2);
+}
+
 }  // namespace harness
