@@ -1,5 +1,7 @@
 #include "store/connection.h"
 
+#include <utility>
+
 #include "store/connection_string.h"
 
 namespace ADODB {
@@ -25,6 +27,19 @@ Recordset Connection::Execute(const statement& statement) {
 
 Recordset Connection::Execute(std::string_view text) {
   return Recordset(open_engine_or_fail().execute(text));
+}
+
+void Connection::ExecuteAll(std::span<const statement> statements,
+                            const std::function<void(Recordset)>& take) {
+  open_engine_or_fail().execute_all(statements,
+                                    [&](result rows) { take(Recordset(std::move(rows))); });
+}
+
+std::vector<Recordset> Connection::ExecuteAll(std::span<const statement> statements) {
+  std::vector<Recordset> results;
+  results.reserve(statements.size());
+  ExecuteAll(statements, [&](Recordset rows) { results.push_back(std::move(rows)); });
+  return results;
 }
 
 void Connection::BeginTrans(purpose purpose) {

@@ -1,7 +1,10 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "store/engine.h"
 #include "store/error.h"
@@ -27,6 +30,15 @@ class Connection {
   /// text must not hold anything that a user typed: values belong into the places of a statement.
   Recordset Execute(const statement& statement);
   Recordset Execute(std::string_view text);
+
+  /// Runs many statements in order, at the cost of one if they all are in a transaction or only
+  /// look something up, and hands the result of each to `take`, which must not use this connection.
+  /// The first failure ends them and is raised: results before it have been handed over, no
+  /// statement behind it has been run. Outside a transaction each statement stands by itself.
+  void ExecuteAll(std::span<const statement> statements,
+                  const std::function<void(Recordset)>& take);
+  /// The same for whoever needs all results or none.
+  std::vector<Recordset> ExecuteAll(std::span<const statement> statements);
 
   /// One transaction at a time; statements inside see its work.
   void BeginTrans(purpose purpose = purpose::looking);

@@ -5,6 +5,10 @@
 
 namespace ADODB {
 
+void engine::execute_all(std::span<const statement> statements, const result_taker& take) {
+  for (const statement& statement : statements) take(execute(statement));
+}
+
 std::unique_ptr<engine> open_engine(const connection_settings& settings) {
   if (settings.driver == "sqlite")
     return std::make_unique<sqlite_engine>(settings.values.at("database"), settings.opened_for);

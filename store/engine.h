@@ -1,6 +1,8 @@
 #pragma once
 
+#include <functional>
 #include <memory>
+#include <span>
 #include <string_view>
 
 #include "store/connection_string.h"
@@ -13,6 +15,9 @@ namespace ADODB {
 /// refused as stale if another program has written meanwhile. A writing one waits for other writers
 /// at its beginning, on an engine that locks the whole store for one writer.
 enum class purpose { looking, writing };
+
+/// Takes the results of many statements, one after the other. It runs no statement itself.
+using result_taker = std::function<void(result)>;
 
 /// What a Connection needs of a database. Used by one thread at a time. Every failure is an Error.
 class engine {
@@ -27,6 +32,10 @@ class engine {
 
   /// Runs the one statement that the text holds. A text of several is refused before any is run.
   [[nodiscard]] virtual result execute(std::string_view text) = 0;
+
+  /// Runs them in order and hands each result over as it comes. The first failure ends them: the
+  /// results before it have been handed over, and no statement behind it has been run.
+  virtual void execute_all(std::span<const statement> statements, const result_taker& take);
 
   virtual void begin(purpose purpose) = 0;
   virtual void commit() = 0;

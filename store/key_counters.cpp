@@ -5,8 +5,6 @@
 #include <stdexcept>
 #include <string>
 
-#include "store/sql.h"
-
 namespace ADODB {
 namespace {
 
@@ -33,13 +31,24 @@ const counter& counter_of(std::string_view name) {
 }  // namespace
 
 std::optional<std::int64_t> last_number(Connection& connection, std::string_view name) {
-  const Recordset rows = connection.Execute(sql(counter_of(name).read, {}));
-  if (rows.eof()) return std::nullopt;
-  return rows.Fields().Item(0).Value().number();
+  return last_number(connection.Execute(look_up_of(name)));
+}
+
+statement look_up_of(std::string_view name) {
+  return sql(counter_of(name).read, {});
+}
+
+std::optional<std::int64_t> last_number(const Recordset& found) {
+  if (found.eof()) return std::nullopt;
+  return found.Fields().Item(0).Value().number();
+}
+
+statement advance_of(std::string_view name) {
+  return sql(counter_of(name).advance, {});
 }
 
 void advance_number(Connection& connection, std::string_view name) {
-  connection.Execute(sql(counter_of(name).advance, {}));
+  connection.Execute(advance_of(name));
 }
 
 }  // namespace ADODB

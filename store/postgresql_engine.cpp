@@ -1,12 +1,13 @@
 #include "store/postgresql_engine.h"
 
+#include <algorithm>
 #include <cstddef>
+#include <string>
 #include <utility>
-#include <vector>
 
 #include "store/error.h"
+#include "store/postgresql_pipeline.h"
 #include "store/postgresql_values.h"
-#include "store/text.h"
 
 namespace ADODB {
 namespace {
@@ -20,37 +21,9 @@ bool has_state(const PGresult* answer, std::string_view state) {
   return field && field == state;
 }
 
-/// The name of a prepared statement. It follows from the statement alone, so that even in a session
-/// that is shared unnoticed no program runs what another one has prepared under the same name.
-std::string name_of(const words& text, const std::vector<bound_value>& values,
-                    std::uint64_t generation) {
-  fingerprint content = text.fingerprint();
-  for (const bound_value& value : values) content.add(std::uint64_t{value.type});
-  content.add(generation);
-  return "vorlumine_" + content.text();
-}
-
-/// The program's own selects change nothing.
-bool is_look_up(std::string_view text) {
-  constexpr std::string_view select = "select ";
-  return equal_in_any_case(trimmed(text).substr(0, select.size()), select);
-}
-
-column_names names_of(const PGresult* answer) {
-  auto names = std::make_shared<std::vector<std::string>>();
-  for (int column = 0; column < PQnfields(answer); ++column)
-    names->emplace_back(PQfname(answer, column));
-  return names;
-}
-
-result rows_of(const PGresult* answer) {
-  result rows{names_of(answer), {}};
-  const int columns = PQnfields(answer);
-  const int count = PQntuples(answer);
-  rows.cells.reserve(static_cast<std::size_t>(columns) * static_cast<std::size_t>(count));
-  for (int row = 0; row < count; ++row)
-    for (int column = 0; column < columns; ++column) add_cell(rows.cells, answer, row, column);
-  return rows;
+bool are_look_ups(std::span<const statement> statements) {
+  return std::ranges::all_of(statements,
+                             [](const statement& one) { return is_look_up(one.text.text()); });
 }
 
 }  // namespace
@@ -72,13 +45,9 @@ std::invoke_result_t<Request, postgresql_session&> postgresql_engine::sent_again
 }
 
 result postgresql_engine::execute(const statement& statement) {
-  std::vector<bound_value> values;
-  values.reserve(statement.parameters.size());
-  for (const parameter& value : statement.parameters) values.push_back(bound(value));
-  const auto request = [&](postgresql_session& session) {
-    return rows_of(answer_to(session, statement.text, values).get());
-  };
-  return sent_again_if_lost(is_look_up(statement.text.text()), request);
+  result rows;
+  run({&statement, 1}, [&](result one) { rows = std::move(one); });
+  return rows;
 }
 
 result postgresql_engine::execute(std::string_view text) {
@@ -86,8 +55,16 @@ result postgresql_engine::execute(std::string_view text) {
   return sent_again_if_lost(is_look_up(text), [&](postgresql_session& session) {
     const postgresql_answer answer = session.execute_text(std::string(text), {});
     session.check(answer.get());
-    return rows_of(answer.get());
+    return rows_of(answer.get(), columns_of(answer.get()));
   });
+}
+
+// What goes to the server together outside a transaction is one to it: a refusal would take back
+// what the statements before it have done.
+void postgresql_engine::execute_all(std::span<const statement> statements,
+                                    const result_taker& take) {
+  if (in_transaction_ || are_look_ups(statements)) return run(statements, take);
+  engine::execute_all(statements, take);
 }
 
 void postgresql_engine::begin(purpose) {
@@ -136,34 +113,35 @@ void postgresql_engine::connect_anew() {
   }
 }
 
-postgresql_answer postgresql_engine::answer_to(postgresql_session& session, const words& text,
-                                               const std::vector<bound_value>& values) {
-  if (session.is_pooled()) {
-    postgresql_answer answer =
-        session.execute_text(text.with_parameters(parameter_form::numbered), values);
-    session.check(answer.get());
-    return answer;
-  }
-  std::string name = prepared(text, values);
-  postgresql_answer answer = session.execute(name, values);
-  const bool changed = has_state(answer.get(), tables_have_changed);
-  if (changed) ++generation_;
-  if (changed || has_state(answer.get(), name_is_unknown)) {
-    prepared_.erase(name);
-    // Inside a transaction this failure has aborted the transaction: a second try would fail too.
-    if (!in_transaction_) answer = session.execute(prepared(text, values), values);
-  }
-  session.check(answer.get());
-  return answer;
+/// Of what is sent again, only the statements whose results have not come.
+void postgresql_engine::run(std::span<const statement> statements, const result_taker& take) {
+  const result_taker take_and_count = [&](result rows) {
+    take(std::move(rows));
+    statements = statements.subspan(1);
+  };
+  sent_again_if_lost(are_look_ups(statements), [&](postgresql_session& session) {
+    for (std::size_t tried = 0; !statements.empty(); tried = statements.size()) {
+      const postgresql_answer refusal =
+          postgresql_pipeline(session, prepared_, statements, take_and_count).run();
+      if (!refusal) return;
+      // Of a commit that fails, the statements have their results.
+      const bool mended = !statements.empty() && mend_names(refusal.get(), statements.front());
+      // Inside a transaction the failure has aborted the transaction: a second try would fail too.
+      if (!mended || in_transaction_ || statements.size() == tried) session.check(refusal.get());
+    }
+  });
 }
 
-/// Prepares the statement at its first use in the session, and gives its name on the server.
-std::string postgresql_engine::prepared(const words& text, const std::vector<bound_value>& values) {
-  std::string name = name_of(text, values, generation_);
-  if (prepared_.contains(name)) return name;
-  session_->prepare(name, text.with_parameters(parameter_form::numbered), values);
-  prepared_.insert(name);
-  return name;
+/// Whether the server only has other statements prepared than this program remembers. That is put
+/// right.
+bool postgresql_engine::mend_names(const PGresult* failure, const statement& refused) {
+  if (has_state(failure, tables_have_changed)) {
+    prepared_.rename_all();
+    return true;
+  }
+  if (!has_state(failure, name_is_unknown)) return false;
+  prepared_.remove(prepared_.name_of(refused.text, bound_values(refused)));
+  return true;
 }
 
 }  // namespace ADODB

@@ -1,15 +1,14 @@
 #pragma once
 
 #include <memory>
-#include <string>
+#include <span>
 #include <string_view>
 #include <type_traits>
-#include <unordered_set>
-#include <vector>
 
 #include "store/connection_string.h"
 #include "store/engine.h"
 #include "store/postgresql_session.h"
+#include "store/prepared_statements.h"
 
 namespace ADODB {
 
@@ -23,6 +22,10 @@ class postgresql_engine : public engine {
 
   [[nodiscard]] result execute(const statement& statement) override;
   [[nodiscard]] result execute(std::string_view text) override;
+
+  /// In one round trip inside a transaction, and outside one if they all only look something up;
+  /// else one by one.
+  void execute_all(std::span<const statement> statements, const result_taker& take) override;
   void begin(purpose purpose) override;
   void commit() override;
 
@@ -35,15 +38,12 @@ class postgresql_engine : public engine {
   template <class Request>
   std::invoke_result_t<Request, postgresql_session&> sent_again_if_lost(bool changes_nothing,
                                                                         const Request& request);
-  [[nodiscard]] postgresql_answer answer_to(postgresql_session& session, const words& text,
-                                            const std::vector<bound_value>& values);
-  [[nodiscard]] std::string prepared(const words& text, const std::vector<bound_value>& values);
+  void run(std::span<const statement> statements, const result_taker& take);
+  [[nodiscard]] bool mend_names(const PGresult* failure, const statement& refused);
 
   connection_settings settings_;
   std::unique_ptr<postgresql_session> session_;
-  std::unordered_set<std::string> prepared_;  ///< names of the session's prepared statements
-  /// Part of the names: counted up when a changed table makes prepared statements useless.
-  std::uint64_t generation_ = 0;
+  prepared_statements prepared_;  ///< of the session
   bool in_transaction_ = false;
 };
 

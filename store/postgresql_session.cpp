@@ -29,11 +29,6 @@ std::string_view field_of(const PGresult* answer, int field) {
   return text ? text : "";
 }
 
-bool is_failure(const PGresult* answer) {
-  const ExecStatusType status = PQresultStatus(answer);
-  return status != PGRES_TUPLES_OK && status != PGRES_COMMAND_OK;
-}
-
 bool is_copy(const PGresult* answer) {
   const ExecStatusType status = PQresultStatus(answer);
   return status == PGRES_COPY_IN || status == PGRES_COPY_OUT || status == PGRES_COPY_BOTH;
@@ -88,6 +83,11 @@ std::vector<const char*> texts_of(const std::vector<bound_value>& values) {
 
 }  // namespace
 
+bool is_failure(const PGresult* answer) {
+  const ExecStatusType status = PQresultStatus(answer);
+  return status != PGRES_TUPLES_OK && status != PGRES_COMMAND_OK;
+}
+
 postgresql_session::postgresql_session(const connection_settings& settings)
     : limits_(limits_of(settings)),
       settings_(limits_),
@@ -123,22 +123,6 @@ void postgresql_session::refuse_pool_of_statements() {
   }
 }
 
-void postgresql_session::prepare(const std::string& name, const std::string& text,
-                                 const std::vector<bound_value>& values) {
-  const std::vector<Oid> types = types_of(values);
-  const postgresql_answer answer = answer_to(PQsendPrepare(
-      handle_or_fail(), name.c_str(), text.c_str(), static_cast<int>(types.size()), types.data()));
-  check(answer.get());
-}
-
-postgresql_answer postgresql_session::execute(const std::string& name,
-                                              const std::vector<bound_value>& values) {
-  const std::vector<const char*> texts = texts_of(values);
-  return answer_to(PQsendQueryPrepared(handle_or_fail(), name.c_str(),
-                                       static_cast<int>(texts.size()), texts.data(), nullptr,
-                                       nullptr, 0));
-}
-
 postgresql_answer postgresql_session::execute_text(const std::string& text,
                                                    const std::vector<bound_value>& values) {
   if (is_pooled_ && !has_transaction()) return execute_with_settings(text, values);
@@ -150,6 +134,20 @@ int postgresql_session::send(const std::string& text, const std::vector<bound_va
   const std::vector<const char*> texts = texts_of(values);
   return PQsendQueryParams(handle_or_fail(), text.c_str(), static_cast<int>(texts.size()),
                            types.data(), texts.data(), nullptr, nullptr, 0);
+}
+
+int postgresql_session::send_preparation(const std::string& name, const std::string& text,
+                                         const std::vector<bound_value>& values) {
+  const std::vector<Oid> types = types_of(values);
+  return PQsendPrepare(handle_or_fail(), name.c_str(), text.c_str(), static_cast<int>(types.size()),
+                       types.data());
+}
+
+int postgresql_session::send_prepared(const std::string& name,
+                                      const std::vector<bound_value>& values) {
+  const std::vector<const char*> texts = texts_of(values);
+  return PQsendQueryPrepared(handle_or_fail(), name.c_str(), static_cast<int>(texts.size()),
+                             texts.data(), nullptr, nullptr, 0);
 }
 
 /// What goes through a pipeline up to its end is one transaction to the server and to the pool.
@@ -236,7 +234,7 @@ PGconn* postgresql_session::handle_or_fail() const {
 /// Waits for the whole answer to what was just sent, and gives its first failure or else its last
 /// rows.
 postgresql_answer postgresql_session::answer_to(int sent) {
-  if (sent != 1) lose(without_line_end(PQerrorMessage(handle_.get())));
+  require_sent(sent);
   postgresql_answer whole;
   while (true) {
     wait();
@@ -249,13 +247,20 @@ postgresql_answer postgresql_session::answer_to(int sent) {
   return whole;
 }
 
+/// Raises the failure of a call of libpq that was to send something.
+void postgresql_session::require_sent(int sent) {
+  if (sent != 1) lose(without_line_end(PQerrorMessage(handle_or_fail())));
+}
+
 /// Sends what libpq has not sent yet, and waits until PQgetResult can be called without blocking:
-/// it then gives the next part of the answer, or the failure of the connection.
-void postgresql_session::wait() {
+/// it then gives the next part of the answer, or the failure of the connection. Whoever has more to
+/// send waits no longer than until all before it has been sent.
+void postgresql_session::wait(bool has_more_to_send) {
   patience patience_left(awaited::answer, while_waiting_, limits_.statement + longest_way);
   while (true) {
     const int unsent = PQflush(handle_.get());
-    if (unsent < 0 || (unsent == 0 && !PQisBusy(handle_.get()))) return;
+    const bool may_send = unsent == 0 && has_more_to_send;
+    if (unsent < 0 || may_send || PQisBusy(handle_.get()) == 0) return;
     pollfd socket{PQsocket(handle_.get()), static_cast<short>(unsent ? POLLIN | POLLOUT : POLLIN),
                   0};
     const int ready = ::poll(&socket, 1, static_cast<int>(patience_left.next_piece().count()));

@@ -18,6 +18,9 @@ struct answer_deleter {
 /// The answer of the server to one request: rows, or a failure that check() raises.
 using postgresql_answer = std::unique_ptr<PGresult, answer_deleter>;
 
+/// Whether check() raises something for the answer.
+[[nodiscard]] bool is_failure(const PGresult* answer);
+
 /// One session on a PostgreSQL server. Used by one thread at a time. Every failure is an Error; one
 /// of the kind lost_connection ends the session for good. A call waits as long as a statement may
 /// take, and a little longer for the answer: then it cancels the statement and gives up the
@@ -31,14 +34,6 @@ class postgresql_session {
   /// Whether a pool lends the server's side of this session, to others too, for a transaction or a
   /// statement at a time. Nothing can be prepared there.
   [[nodiscard]] bool is_pooled() const { return is_pooled_; }
-
-  /// Prepares the one statement that the text holds, for parameters of the types of `values`.
-  void prepare(const std::string& name, const std::string& text,
-               const std::vector<bound_value>& values);
-
-  /// Runs a prepared statement in one round trip. A refusal is in the answer, not yet raised.
-  [[nodiscard]] postgresql_answer execute(const std::string& name,
-                                          const std::vector<bound_value>& values);
 
   /// Runs the one statement that the text holds, in one round trip. A refusal is in the answer.
   [[nodiscard]] postgresql_answer execute_text(const std::string& text,
@@ -71,14 +66,20 @@ class postgresql_session {
   [[nodiscard]] std::string encoding() const;
 
  private:
+  friend class postgresql_pipeline;  // sends many statements at once
+
   PGconn* handle_or_fail() const;
   void use_settings();
   void refuse_pool_of_statements();
   [[nodiscard]] int send(const std::string& text, const std::vector<bound_value>& values);
+  [[nodiscard]] int send_preparation(const std::string& name, const std::string& text,
+                                     const std::vector<bound_value>& values);
+  [[nodiscard]] int send_prepared(const std::string& name, const std::vector<bound_value>& values);
+  void require_sent(int sent);
   [[nodiscard]] postgresql_answer execute_with_settings(const std::string& text,
                                                         const std::vector<bound_value>& values);
   [[nodiscard]] postgresql_answer answer_to(int sent);
-  void wait();
+  void wait(bool has_more_to_send = false);
   void go_on_waiting(patience& wait);
   [[noreturn]] void give_up();
   [[noreturn]] void lose(const std::string& reason);

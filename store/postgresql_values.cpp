@@ -1,10 +1,13 @@
 #include "store/postgresql_values.h"
 
 #include <charconv>
+#include <cstddef>
 #include <cstdint>
+#include <memory>
 #include <string_view>
 #include <utility>
 #include <variant>
+#include <vector>
 
 #include "store/error.h"
 
@@ -53,17 +56,6 @@ std::string_view without_needless_zeros(std::string_view digits) {
   return digits;
 }
 
-}  // namespace
-
-bound_value bound(const parameter& value) {
-  return std::visit(binding(), value);
-}
-
-void refuse_zero_character(std::string_view text) {
-  if (text.find('\0') != std::string_view::npos)
-    throw Error(failure_kind::other, "the server can't store a text with a zero character");
-}
-
 void add_cell(result_cells& cells, const PGresult* answer, int row, int column) {
   if (PQgetisnull(answer, row, column) == 1) return cells.add_null();
   const std::string_view text(PQgetvalue(answer, row, column),
@@ -83,6 +75,34 @@ void add_cell(result_cells& cells, const PGresult* answer, int row, int column) 
     default:
       return cells.add(text);
   }
+}
+
+}  // namespace
+
+bound_value bound(const parameter& value) {
+  return std::visit(binding(), value);
+}
+
+void refuse_zero_character(std::string_view text) {
+  if (text.find('\0') != std::string_view::npos)
+    throw Error(failure_kind::other, "the server can't store a text with a zero character");
+}
+
+column_names columns_of(const PGresult* answer) {
+  auto names = std::make_shared<std::vector<std::string>>();
+  for (int column = 0; column < PQnfields(answer); ++column)
+    names->emplace_back(PQfname(answer, column));
+  return names;
+}
+
+result rows_of(const PGresult* answer, column_names columns) {
+  result rows{std::move(columns), {}};
+  const int width = PQnfields(answer);
+  const int count = PQntuples(answer);
+  rows.cells.reserve(static_cast<std::size_t>(width) * static_cast<std::size_t>(count));
+  for (int row = 0; row < count; ++row)
+    for (int column = 0; column < width; ++column) add_cell(rows.cells, answer, row, column);
+  return rows;
 }
 
 }  // namespace ADODB

@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "store/result_cells.h"
+#include "store/recordset.h"
 #include "store/sql.h"
 
 namespace ADODB {
@@ -21,8 +21,11 @@ struct bound_value {
 /// Raises Error for a text that PostgreSQL would read up to its first zero character only.
 void refuse_zero_character(std::string_view text);
 
-/// Adds one cell of an answer. An exact number that is no whole one of 64 bits is the text of its
-/// digits, so that none is lost.
-void add_cell(result_cells& cells, const PGresult* answer, int row, int column);
+/// The columns of an answer.
+[[nodiscard]] column_names columns_of(const PGresult* answer);
+
+/// The rows of an answer that has these columns. An exact number that is no whole one of 64 bits is
+/// the text of its digits, so that none is lost.
+[[nodiscard]] result rows_of(const PGresult* answer, column_names columns);
 
 }  // namespace ADODB

@@ -88,6 +88,12 @@ class place_finder {
   std::size_t quote_ = 0;
 };
 
+/// Whether a statement only looks something up: none of this program's selects changes anything.
+[[nodiscard]] constexpr bool is_look_up(std::string_view statement) {
+  constexpr std::string_view select = "select ";
+  return equal_in_any_case(trimmed(statement).substr(0, select.size()), select);
+}
+
 /// How an engine writes the parameters of a statement: "?", or "$1", "$2" and so on.
 enum class parameter_form { question_mark, numbered };
 

@@ -7,9 +7,11 @@
 #include <cstring>
 #include <map>
 #include <mutex>
+#include <optional>
 #include <stdexcept>
 #include <string_view>
 #include <thread>
+#include <vector>
 
 #include "store/connection_string.h"
 #include "store/text.h"
@@ -43,14 +45,18 @@ bool send(int to, std::string_view message) {
          static_cast<ssize_t>(message.size());
 }
 
+std::uint32_t length_at(const char* position) {
+  std::uint32_t length = 0;
+  std::memcpy(&length, position, 4);
+  return ntohl(length);
+}
+
 /// One message: its type, but for the first of a connection, its length, its content. Empty at the
 /// end of the connection.
 std::string message(int from, std::size_t type_size) {
   std::string head = bytes(from, type_size + 4);
   if (head.empty()) return {};
-  std::uint32_t length = 0;
-  std::memcpy(&length, head.data() + type_size, 4);
-  const std::size_t rest = ntohl(length) - 4;
+  const std::size_t rest = length_at(head.data() + type_size) - 4;
   return rest == 0 ? head : head + bytes(from, rest);
 }
 
@@ -64,17 +70,27 @@ std::string messages(int from, std::string_view last_types) {
   }
 }
 
-std::string query(const std::string& text) {
-  const std::uint32_t length = htonl(static_cast<std::uint32_t>(text.size() + 5));
-  std::string message = "Q0000" + text + '\0';
-  std::memcpy(message.data() + 1, &length, 4);
-  return message;
+std::string made_message(char type, const std::string& content) {
+  const std::uint32_t length = htonl(static_cast<std::uint32_t>(content.size() + 4));
+  std::string made = type + std::string(4, '0') + content;
+  std::memcpy(made.data() + 1, &length, 4);
+  return made;
 }
 
-// A refused commit takes the transaction back.
-std::string refused(const std::string& statement) {
-  return query((statement.ends_with("COMMIT") ? "ROLLBACK;" : "") +
-               std::string("do $$ begin raise '") + refusal + "'; end $$");
+/// A statement within what a client sends at once, and where the messages for it begin.
+struct asked_statement {
+  std::size_t begin;
+  std::string text;
+};
+
+/// The request with nothing from the statement on but one that the server refuses. A refused commit
+/// takes the transaction back.
+std::string refused(const std::string& request, const asked_statement& statement) {
+  const std::string nonsense = std::string("select \"") + refusal + '"' + '\0';
+  if (request.front() == 'Q')
+    return made_message('Q', (statement.text.ends_with("COMMIT") ? "ROLLBACK;" : "") + nonsense);
+  return request.substr(0, statement.begin) +
+         made_message('P', '\0' + nonsense + std::string(2, '\0')) + made_message('S', {});
 }
 
 /// A connection that goes away with this object.
@@ -117,21 +133,21 @@ class wire_faults : public store_faults {
   }
   // Whoever loses a connection doesn't know what the server has done.
   [[nodiscard]] bool tells(const std::string& text) const override {
-    if (kind_ == wire_fault::refused) return text == refusal;
+    if (kind_ == wire_fault::refused) return text.find(refusal) != text.npos;
     return text.starts_with("the connection to the server was lost, ");
   }
 
  private:
   void serve(int client);
-  [[nodiscard]] std::string statement_of(std::string_view request);
+  [[nodiscard]] std::vector<asked_statement> statements_of(const std::string& request);
   /// Outside a transaction what changes nothing is sent once more, without a word.
   [[nodiscard]] bool is_sent_again(std::string_view statement) const {
     if (kind_ == wire_fault::refused || in_transaction_) return false;
-    return ADODB::lower(statement.substr(0, 7)) == "select " || statement.starts_with("prepare ") ||
-           statement.starts_with("BEGIN");
+    return ADODB::lower(statement.substr(0, 7)) == "select " || statement.starts_with("BEGIN");
   }
-  /// Counts the request, and tells whether it is the one to fail.
-  [[nodiscard]] bool fails(const std::string& statement);
+  /// Counts what can fail in the request, and gives the statement that is to. A connection is lost
+  /// with a whole request.
+  [[nodiscard]] std::optional<asked_statement> hit(const std::string& request);
 
   const wire_fault kind_;
   const std::string folder_;  ///< of the socket that is the road's beginning
@@ -171,38 +187,51 @@ void wire_faults::serve(int client) {
   in_transaction_ = false;
   std::string request = message(client, 0);
   for (; !request.empty(); request = messages(client, "QSX")) {
-    const std::string statement = statement_of(request);
-    const bool is_hit = fails(statement);
-    if (is_hit && (kind_ == wire_fault::lost_before || kind_ == wire_fault::away)) return;
-    const bool is_refused = is_hit && kind_ == wire_fault::refused;
-    if (!send(server, is_refused ? refused(statement) : request)) return;
+    const auto failing = hit(request);
+    if (failing && (kind_ == wire_fault::lost_before || kind_ == wire_fault::away)) return;
+    const bool is_refused = failing && kind_ == wire_fault::refused;
+    if (!send(server, is_refused ? refused(request, *failing) : request)) return;
     const std::string answer = messages(server, "Z");
-    if (is_hit && kind_ == wire_fault::lost_after) return;
+    if (failing && kind_ == wire_fault::lost_after) return;
     if (!send(client, answer)) return;
   }
 }
 
-/// The text of what is asked; empty for anything but a statement.
-std::string wire_faults::statement_of(std::string_view request) {
-  const char type = request.front();
-  if (type != 'Q' && type != 'P' && type != 'B') return {};
-  const char* const first = request.data() + 5;
-  const char* const second = first + std::strlen(first) + 1;
-  if (type == 'Q') return first;
-  if (type == 'P') return "prepare " + (prepared_[first] = second);
-  return prepared_[second];
+/// None in the first message of a connection, which has no type.
+std::vector<asked_statement> wire_faults::statements_of(const std::string& request) {
+  std::vector<asked_statement> found;
+  std::optional<std::size_t> preparation;
+  const std::size_t size = request.front() == 0 ? 0 : request.size();
+  for (std::size_t begin = 0; begin < size; begin += 1 + length_at(&request[begin + 1])) {
+    const char* const first = &request[begin] + 5;
+    if (request[begin] == 'Q') found.push_back({begin, first});
+    if (request[begin] == 'P') {
+      preparation = begin;
+      prepared_[first] = first + std::strlen(first) + 1;
+    } else if (request[begin] == 'B') {
+      found.push_back({preparation.value_or(begin), prepared_[first + std::strlen(first) + 1]});
+      preparation.reset();
+    }
+  }
+  return found;
 }
 
-bool wire_faults::fails(const std::string& statement) {
+std::optional<asked_statement> wire_faults::hit(const std::string& request) {
   const std::lock_guard guard(lock_);
-  const bool never_refused = kind_ == wire_fault::refused && statement == "ROLLBACK";
-  if (statement.ends_with("COMMIT") || statement == "ROLLBACK") in_transaction_ = false;
-  const bool is_silent = is_sent_again(statement);
-  if (statement.starts_with("BEGIN")) in_transaction_ = true;
-  if (statement.empty() || never_refused || ++seen_ != wanted_) return false;
-  failed_ = (is_silent ? "sent again: " : "") + statement;
-  is_away_ = kind_ == wire_fault::away;
-  return true;
+  for (asked_statement& statement : statements_of(request)) {
+    const std::string& text = statement.text;
+    const bool never_refused = kind_ == wire_fault::refused && text == "ROLLBACK";
+    if (text.ends_with("COMMIT") || text == "ROLLBACK") in_transaction_ = false;
+    const bool is_silent = is_sent_again(text);
+    if (text.starts_with("BEGIN")) in_transaction_ = true;
+    if (!never_refused && ++seen_ == wanted_) {
+      failed_ = (is_silent ? "sent again: " : "") + text;
+      is_away_ = kind_ == wire_fault::away;
+      return std::move(statement);
+    }
+    if (kind_ != wire_fault::refused) return {};
+  }
+  return {};
 }
 
 }  // namespace

@@ -182,6 +182,49 @@ TEST_F(StoreEngine, TellsWhyAStatementWasRefused) {
   connection.RollbackTrans();
 }
 
+// More at once than all buffers between program and server hold, in both directions.
+TEST_F(StoreEngine, GivesTheResultsOfManyStatementsInTheirOrder) {
+  std::vector<statement> many;
+  const std::string filling(2000, 'x');
+  for (int i = 0; i < 10000; ++i) many.push_back(sql("select <n>,'<t>'", {i, filling}));
+  int seen = 0;
+  connection.ExecuteAll(many, [&](const Recordset& rows) {
+    EXPECT_EQ(rows.Fields().Item(0).Value().number(), seen++);
+    EXPECT_EQ(rows.Fields().Item(1).Value().text().size(), filling.size());
+  });
+  EXPECT_EQ(seen, 10000);
+  EXPECT_THROW(connection.ExecuteAll(many, [](const Recordset&) { throw std::bad_alloc(); }),
+               std::bad_alloc);
+  EXPECT_EQ(last_number(connection, "replace"), 0);
+}
+
+TEST_F(StoreEngine, EndsManyStatementsAtTheFirstThatFails) {
+  const auto insert = [](int key) {
+    return sql("insert into replace(replace_no) values(<n>)", {key});
+  };
+  const std::vector<statement> writes = {insert(1), insert(2), insert(1), insert(3)};
+  const std::string keys = "select replace_no from replace order by 1";
+  const auto run = [&](const std::vector<statement>& statements) {
+    int results = 0;
+    const auto run_all = [&] {
+      connection.ExecuteAll(statements, [&](const Recordset&) { ++results; });
+    };
+    return std::pair(failure_of(run_all).kind(), results);
+  };
+  const std::pair third_is_refused(failure_kind::refused_by_key, 2);
+  EXPECT_EQ(run(writes), third_is_refused);
+  EXPECT_EQ(store.rows(keys), (std::vector<std::string>{"1", "2"}));
+  store.run("delete from replace");
+  connection.BeginTrans(purpose::writing);
+  EXPECT_EQ(run(writes), third_is_refused);
+  connection.RollbackTrans();
+  EXPECT_EQ(store.value("select count(*) from replace"), "0");
+  const statement look_up = sql("select <n>", {1});
+  EXPECT_EQ(run({look_up, sql("select 1 from nowhere", {}), look_up}),
+            std::pair(failure_kind::other, 1));
+  EXPECT_EQ(connection.ExecuteAll(std::vector{look_up, look_up}).size(), 2U);
+}
+
 TEST_F(StoreEngine, WaitsForAnotherProgramSomeSecondsThenIsBusy) {
   Connection other;
   other.Open(store.connect_string());

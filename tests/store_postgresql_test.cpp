@@ -66,7 +66,13 @@ TEST_F(PostgresqlEngine, GivesEveryTypeItsKindOfValue) {
 TEST_F(PostgresqlEngine, RefusesWhatTheServerWouldReadOtherwise) {
   EXPECT_THROW(connection.Execute("select 1 where 1=$1"), Error);
   EXPECT_THROW(connection.Execute(std::string("select 'a\0b'", 12)), Error);
-  EXPECT_THROW(connection.Execute(sql("select '<a>'", {std::string("a\0b", 3)})), Error);
+  const statement look_up = look_up_of("replace");
+  const statement bad = sql("select '<a>'", {std::string("a\0b", 3)});
+  EXPECT_THROW(connection.Execute(bad), Error);
+  int results = 0;
+  const auto count = [&](const Recordset&) { ++results; };
+  EXPECT_THROW(connection.ExecuteAll(std::array{look_up, bad, look_up}, count), Error);
+  EXPECT_EQ(results, 1);
 }
 
 TEST_F(PostgresqlEngine, PreparesAnewWhatTheServerHasForgotten) {
@@ -74,6 +80,10 @@ TEST_F(PostgresqlEngine, PreparesAnewWhatTheServerHasForgotten) {
   connection.Execute("deallocate all");
   advance_number(connection, "replace");
   EXPECT_EQ(last_number(connection, "replace"), 2);
+  connection.Execute("deallocate all");
+  const auto found = connection.ExecuteAll(
+      std::array{sql("select 5 as n", {}), look_up_of("replace"), look_up_of("replace_m")});
+  EXPECT_EQ(last_number(found.at(1)), 2);
 }
 
 TEST_F(PostgresqlEngine, ConnectsAnewWithTheCommandThatFindsTheLoss) {
@@ -81,6 +91,13 @@ TEST_F(PostgresqlEngine, ConnectsAnewWithTheCommandThatFindsTheLoss) {
   cut_the_session();
   advance_number(connection, "replace");
   EXPECT_EQ(last_number(connection, "replace"), 2);
+
+  const statement end = sql("select pg_terminate_backend(pg_backend_pid())", {});
+  const std::array statements{look_up_of("replace"), end, look_up_of("replace")};
+  EXPECT_EQ(failure_of([&] { connection.ExecuteAll(statements); }).kind(),
+            failure_kind::lost_connection);
+  EXPECT_EQ(last_number(connection, "replace"), 2);
+
   cut_the_session();
   connection.BeginTrans();
   advance_number(connection, "replace");
