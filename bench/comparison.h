@@ -25,10 +25,13 @@ struct comparison {
   std::function<void()> prepared = {};  ///< the same look-ups, each statement prepared once
   double limit = 0;                     ///< of measured to reference
   double limit_ms = 0;                  ///< of measured
+  double most_round_trips = 0;          ///< of measured, on a server
+  double most_lateness_ms = 0;          ///< of measured, on a server whose answers come 2 ms late
 };
 
 /// Runs the works by turns, as often as the benchmark iterates, and reports the least time
-/// of each. On a server the round trips of the measured work are counted too, in a run of its own.
+/// of each. On a server the measured work is also timed where every way to it takes 1 ms, and its
+/// round trips are counted.
 void compare(benchmark::State& state, const made_store& store, const comparison& works);
 
 /// The time that `work` takes, in milliseconds.

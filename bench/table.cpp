@@ -12,8 +12,11 @@ struct limited {
   const char* limit;
   const char* unit;
 };
-constexpr std::array<limited, 3> limits = {
-    {{"ratio", "limit", ""}, {"measured_ms", "limit_ms", " ms"}, {"MiB", "limit_MiB", " MiB"}}};
+constexpr std::array<limited, 5> limits = {{{"ratio", "limit", ""},
+                                            {"measured_ms", "limit_ms", " ms"},
+                                            {"MiB", "limit_MiB", " MiB"},
+                                            {"round_trips", "limit_round_trips", " trips"},
+                                            {"lateness_ms", "limit_lateness_ms", " ms late"}}};
 
 std::string number(double value, const char* unit = "") {
   std::array<char, 32> text{};
@@ -28,39 +31,39 @@ std::string figure_of(const benchmark::UserCounters& figures, const char* name,
   return found == figures.end() ? "" : number(found->second, unit);
 }
 
-void print(const std::array<std::string, 10>& cells) {
-  std::printf("%-29s%12s%12s%8s  %-8s%-5s%12s%8s%12s   %s\n", cells[0].c_str(), cells[1].c_str(),
-              cells[2].c_str(), cells[3].c_str(), cells[4].c_str(), cells[5].c_str(),
-              cells[6].c_str(), cells[7].c_str(), cells[8].c_str(), cells[9].c_str());
+void print(const std::array<std::string, 11>& cells) {
+  constexpr std::array<int, 11> widths = {-29, 12, 12, 8, 12, 8, 13, 12, -31, -7, 0};
+  for (std::size_t i = 0; i < cells.size(); ++i)
+    std::printf("%*s%s", widths.at(i), cells.at(i).c_str(), widths.at(i) < 0 ? " " : "  ");
+  std::printf("\n");
   std::fflush(stdout);
 }
 
 }  // namespace
 
 bool table::ReportContext(const Context& /*context*/) {
-  print({"benchmark", "measured", "reference", "ratio", "limit", "", "prepared", "ratio",
-         "round trips", "the reference is"});
+  print({"benchmark", "measured", "reference", "ratio", "prepared", "ratio", "1 ms away",
+         "round trips", "at most", "", "the reference is"});
   return true;
 }
 
 void table::ReportRuns(const std::vector<Run>& runs) {
   for (const Run& run : runs) {
     const benchmark::UserCounters& figures = run.counters;
-    std::string measured = figure_of(figures, "measured_ms", " ms");
+    const auto measured = figures.contains("MiB") ? figure_of(figures, "MiB", " MiB")
+                                                  : figure_of(figures, "measured_ms", " ms");
     std::string limit;
-    std::string verdict;
+    bool is_over = false;
     for (const limited& kind : limits) {
       if (!figures.contains(kind.limit)) continue;
-      const bool is_over = figures.at(kind.figure) > figures.at(kind.limit);
-      has_miss_ = has_miss_ || is_over;
-      limit = figure_of(figures, kind.limit, kind.unit);
-      verdict = is_over ? "over" : "ok";
+      limit += (limit.empty() ? "" : ", ") + figure_of(figures, kind.limit, kind.unit);
+      is_over = is_over || figures.at(kind.figure) > figures.at(kind.limit);
     }
-    if (figures.contains("MiB")) measured = figure_of(figures, "MiB", " MiB");
+    has_miss_ = has_miss_ || is_over;
     print({run.run_name.function_name, measured, figure_of(figures, "reference_ms", " ms"),
-           figure_of(figures, "ratio"), limit, verdict, figure_of(figures, "prepared_ms", " ms"),
-           figure_of(figures, "prepared_ratio"), figure_of(figures, "round_trips"),
-           run.report_label});
+           figure_of(figures, "ratio"), figure_of(figures, "prepared_ms", " ms"),
+           figure_of(figures, "prepared_ratio"), figure_of(figures, "distant_ms", " ms"),
+           figure_of(figures, "round_trips"), limit, is_over ? "over" : "ok", run.report_label});
   }
 }
 

@@ -14,6 +14,8 @@
 
 namespace ta_vorlumine {
 
+class title_rows;
+
 /// The title browser: all folders and definitions of the store as one tree.
 class replaceForm {
  public:
@@ -42,7 +44,8 @@ class replaceForm {
   void Init_ToolBar();
 
   /// Builds the tree anew from the store. A level that the store refuses is told in a message and
-  /// left out; any other failure goes to the caller.
+  /// left out; a store that is lost meanwhile ends the tree with one message. Any other failure
+  /// goes to the caller.
   void init_form();
 
   /// Gives a row of the title tree the pictures of a folder.
@@ -57,9 +60,9 @@ class replaceForm {
   void DeleteChild(const std::string& P_ID);
 
  private:
-  void load_title_children(std::int32_t parent);
-  void add_title_node(const ADODB::Fields& row);
-  [[nodiscard]] std::string definition_image(std::int64_t replace_no);
+  void fill_tree(const title_rows& rows);
+  void load_title_children(const title_rows& rows, std::int32_t parent);
+  void add_title_node(const title_rows& rows, const ADODB::Fields& row);
 
   void select_node(const Node& node);
   void enable(std::initializer_list<const char*> on, std::initializer_list<const char*> off);

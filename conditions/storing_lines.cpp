@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <utility>
 
 #include "conditions/condition_dialog.h"
 #include "platform/messages.h"
@@ -96,10 +97,6 @@ condition_dialog::obstacle condition_dialog::store() {
         checked_key(condition_number(state.conn, state.f_replace_no, state.selected_key()));
     if (texts_of(lines_in_store()) != texts_of(known_lines_)) return obstacle::changed_lines;
   }
-  state.conn.Execute(
-      ADODB::sql("delete from replace_cond where replace_no=<f_replace_no> "
-                 "and replace_cond_no=<f_replace_cond_no>",
-                 {state.f_replace_no, state.f_replace_cond_no}));
   if (!store_lines()) {
     if (is_new || !state.cond_mode) return obstacle::no_line;
     return remove_condition() ? obstacle::none : obstacle::branch_below;
@@ -108,20 +105,24 @@ condition_dialog::obstacle condition_dialog::store() {
   return obstacle::none;
 }
 
-/// Under the condition's number of now, which may differ from that of the opening. False if no row
-/// is complete.
+/// Under the condition's number of now, which may differ from that of the opening, in place of all
+/// lines that it has. False if no row is complete.
 bool condition_dialog::store_lines() {
-  bool any = false;
+  auto& state = shared();
+  std::vector<ADODB::statement> writes{
+      ADODB::sql("delete from replace_cond where replace_no=<f_replace_no> "
+                 "and replace_cond_no=<f_replace_cond_no>",
+                 {state.f_replace_no, state.f_replace_cond_no})};
   for (int row = 1; row < fg.Rows(); ++row) {
     line_cells line = cells(row);
-    line[2] = std::to_string(shared().f_replace_cond_no);
-    const std::optional<ADODB::statement> statement = kind_.insert(line);
+    line[2] = std::to_string(state.f_replace_cond_no);
+    std::optional<ADODB::statement> statement = kind_.insert(line);
     if (!statement) continue;
     static_cast<void>(checked_key(std::stoll(line[3])));
-    shared().conn.Execute(*statement);
-    any = true;
+    writes.push_back(std::move(*statement));
   }
-  return any;
+  state.conn.ExecuteAll(writes);
+  return writes.size() > 1;
 }
 
 /// The condition whose last line is gone goes as deleting its node would take it: with its branch,

@@ -21,6 +21,10 @@ ADODB::Value column(const ADODB::Recordset& line, std::string_view name) {
   return line.Fields().Item(name).Value();
 }
 
+bool is_otherwise(const ADODB::Recordset& condition) {
+  return column(condition, "replace_cond_type").text() == "1";
+}
+
 const char* suffix(const suffixes& of, const ADODB::Value& method) {
   const std::string text = method.text();
   std::size_t number = 0;
@@ -65,14 +69,16 @@ void add_line(const ADODB::Recordset& line, std::string& text) {
 
 }  // namespace
 
-std::string condition_text(const ADODB::Recordset& condition) {
-  if (column(condition, "replace_cond_type").text() == "1") return "以外";
-  if (column(condition, "replace_cond_no").is_null()) return {};
-  auto& lines = shared().basRS;
-  lines = shared().conn.Execute(
-      sql("select * from replace_cond where replace_cond_no=<replace_cond_no> "
-          "and replace_no=<f_replace_no>",
-          {column(condition, "replace_cond_no"), shared().f_replace_no}));
+std::optional<ADODB::statement> select_of_lines(const ADODB::Recordset& condition) {
+  if (is_otherwise(condition) || column(condition, "replace_cond_no").is_null()) return {};
+  return sql(
+      "select * from replace_cond where replace_cond_no=<replace_cond_no> "
+      "and replace_no=<f_replace_no>",
+      {column(condition, "replace_cond_no"), shared().f_replace_no});
+}
+
+std::string condition_text(const ADODB::Recordset& condition, ADODB::Recordset lines) {
+  if (is_otherwise(condition)) return "以外";
   std::string text;
   for (; !lines.eof(); lines.MoveNext()) add_line(lines, text);
   if (text.ends_with(';')) text.pop_back();

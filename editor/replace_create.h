@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "controls/tree/ss_tree.h"
@@ -77,6 +78,8 @@ class replace_create {
   /// After a dialog has gone: the tree as the store has it now, and a fresh selection asked for.
   void refresh();
 
+  void look_up_all(ADODB::Recordset rows);
+  void look_up(const ADODB::Recordset& row);
   void add_rule_nodes();
   void add_rule_node(const ADODB::Recordset& row);
 
@@ -115,6 +118,9 @@ class replace_create {
   };
   [[nodiscard]] title_fields wanted_fields();
   [[nodiscard]] static title_fields stored_fields();
+
+  /// What the nodes show of other tables, by the rows' keys, while the tree is built.
+  std::unordered_map<row_key, ADODB::Recordset> looked_up_;
 
   /// What the editor opened with. A box may show bytes that are no text otherwise than they are
   /// stored.

@@ -1,3 +1,5 @@
+#include <optional>
+#include <utility>
 #include <vector>
 
 #include "controls/tree/tree_filling.h"
@@ -23,11 +25,17 @@ bool is_otherwise_too_early(ADODB::Recordset row) {
   return !row.eof() && text_of(row, "p_replace_m_no") == field;
 }
 
-std::string field_text(const std::string& field_id) {
-  auto& rows = shared().basRS;
-  rows = shared().conn.Execute(
-      sql("select field_name from field where field_id='<field_id>'", {field_id}));
-  return rows.eof() ? field_id : rows.Fields().Item(0).Value().text();
+row_key key_of(const ADODB::Recordset& row) {
+  return row.Fields().Item("replace_m_no").Value().number();
+}
+
+/// What a row's node shows that stands in another table; nothing for most.
+std::optional<ADODB::statement> look_up_of(const ADODB::Recordset& row) {
+  const std::string use_type = text_of(row, "use_type");
+  if (use_type == "C") return select_of_lines(row);
+  if (use_type != "F") return {};
+  return sql("select field_name from field where field_id='<field_id>'",
+             {text_of(row, "field_id")});
 }
 
 }  // namespace
@@ -40,9 +48,37 @@ void replace_create::init_tree() {
       state.conn.Execute(sql("select * from replace_m where replace_no=<f_replace_no> "
                              "ORDER BY P_REPLACE_M_NO,replace_cond_type,replace_m_no",
                              {state.f_replace_no}));
+  look_up_all(state.basCopyRs);
   const tree_filling filling(SSTree1, ImageList1, "置換条件");
   state.atNode = filling.root();
   add_rule_nodes();
+  looked_up_.clear();
+}
+
+void replace_create::look_up_all(ADODB::Recordset rows) {
+  std::vector<ADODB::statement> look_ups;
+  std::vector<row_key> keys;
+  for (; !rows.eof(); rows.MoveNext()) {
+    auto look_up = look_up_of(rows);
+    if (!look_up) continue;
+    look_ups.push_back(std::move(*look_up));
+    keys.push_back(key_of(rows));
+  }
+  looked_up_.clear();
+  auto key = keys.begin();
+  shared().conn.ExecuteAll(look_ups,
+                           [&](ADODB::Recordset found) { looked_up_[*key++] = std::move(found); });
+}
+
+/// Into shared().basRS, which is empty for a row that needs none.
+void replace_create::look_up(const ADODB::Recordset& row) {
+  auto& found = shared().basRS;
+  found.Close();
+  if (const auto known = looked_up_.find(key_of(row)); known != looked_up_.end()) {
+    found = known->second;
+  } else if (const auto wanted = look_up_of(row)) {
+    found = shared().conn.Execute(*wanted);
+  }
 }
 
 // Every row that this editor writes comes after its parent, and the otherwise branch last. What
@@ -80,12 +116,15 @@ void replace_create::add_rule_node(const ADODB::Recordset& row) {
   const std::string use_type = text_of(row, "use_type");
   const std::string parent = text_of(row, "p_replace_m_no");
   const std::string key = text_of(row, "replace_m_no");
+  look_up(row);
   if (use_type == "F") {
-    state.atNode = SSTree1.Nodes.AddChild(parent, key, field_text(text_of(row, "field_id")));
+    const std::string field =
+        state.basRS.eof() ? text_of(row, "field_id") : state.basRS.Fields().Item(0).Value().text();
+    state.atNode = SSTree1.Nodes.AddChild(parent, key, field);
     state.atNode.Image("close");
     state.atNode.ExpandedImage("open");
   } else if (use_type == "C") {
-    state.atNode = SSTree1.Nodes.AddChild(parent, key, condition_text(row));
+    state.atNode = SSTree1.Nodes.AddChild(parent, key, condition_text(row, state.basRS));
     state.atNode.Image("cond");
   } else if (use_type == "R") {
     state.atNode = SSTree1.Nodes.AddChild(parent, key, text_of(row, "replace_title"));

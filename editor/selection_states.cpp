@@ -1,3 +1,5 @@
+#include <array>
+
 #include "editor/replace_create.h"
 #include "rules/outdated_view.h"
 #include "store/sql.h"
@@ -10,14 +12,15 @@ void replace_create::select_node(const Node& node) {
   auto& state = shared();
   state.basNodeKey = node.Key();
   state.tmpNode = node;
-  state.basRS =
-      state.conn.Execute(sql("select use_type from replace_m where replace_m_no=<basNodeKey> "
-                             "and replace_no=<f_replace_no>",
-                             {state.basNodeKey, state.f_replace_no}));
-  state.basCopyRs =
-      state.conn.Execute(sql("select count(*) from replace_m where p_replace_m_no=<basNodeKey> "
-                             "and replace_no=<f_replace_no>",
-                             {state.basNodeKey, state.f_replace_no}));
+  const auto found = state.conn.ExecuteAll(
+      std::array{sql("select use_type from replace_m where replace_m_no=<basNodeKey> "
+                     "and replace_no=<f_replace_no>",
+                     {state.basNodeKey, state.f_replace_no}),
+                 sql("select count(*) from replace_m where p_replace_m_no=<basNodeKey> "
+                     "and replace_no=<f_replace_no>",
+                     {state.basNodeKey, state.f_replace_no})});
+  state.basRS = found[0];
+  state.basCopyRs = found[1];
   enable_for(node);
 }
 

@@ -7,7 +7,8 @@ namespace ta_vorlumine {
 
 /// Deletes the row `key` of the definition's rule tree with all below it, lines included; the lines
 /// of `key` itself are the caller's. Rows go from the leaves up, each condition's lines before its
-/// row. What a failure leaves is what had not been reached.
+/// row. What a failure leaves is what had not been reached. A level of the branch costs a server
+/// one round trip, and so do the deletions together.
 void delete_branch(ADODB::Connection& conn, row_key definition, row_key key);
 
 /// Deletes all rule rows and lines of a definition.

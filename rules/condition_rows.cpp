@@ -1,7 +1,10 @@
 #include "rules/condition_rows.h"
 
+#include <array>
+
 #include "rules/key_counters.h"
 #include "rules/outdated_view.h"
+#include "store/key_counters.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -11,22 +14,21 @@ using ADODB::sql;
 row_key insert_condition_row(ADODB::Connection& conn, row_key definition, row_key field,
                              row_key lines) {
   const row_key key = checked_key(next_rule_key(conn, definition));
-  conn.Execute(
+  conn.ExecuteAll(std::array{
       sql("insert into replace_m(replace_m_no,p_replace_m_no,use_type,replace_cond_type,"
           "replace_cond_no,replace_no) values(<M>,<basNodeKey>,'C','0',<C>,<f_replace_no>)",
-          {key, field, checked_key(lines), definition}));
-  update_seqno(conn, "replace_m");
-  update_seqno(conn, "replace_cond");
+          {key, field, checked_key(lines), definition}),
+      ADODB::advance_of("replace_m"), ADODB::advance_of("replace_cond")});
   return key;
 }
 
 row_key insert_otherwise_row(ADODB::Connection& conn, row_key definition, row_key field) {
   const row_key key = checked_key(next_rule_key(conn, definition));
-  conn.Execute(
-      sql("insert into replace_m(replace_m_no,p_replace_m_no,use_type,replace_cond_type,"
-          "replace_no) values(<new key>,<basNodeKey>,'C','1',<f_replace_no>)",
-          {key, field, definition}));
-  update_seqno(conn, "replace_m");
+  conn.ExecuteAll(
+      std::array{sql("insert into replace_m(replace_m_no,p_replace_m_no,use_type,replace_cond_type,"
+                     "replace_no) values(<new key>,<basNodeKey>,'C','1',<f_replace_no>)",
+                     {key, field, definition}),
+                 ADODB::advance_of("replace_m")});
   return key;
 }
 

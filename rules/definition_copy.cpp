@@ -4,6 +4,7 @@
 #include <map>
 #include <optional>
 #include <utility>
+#include <vector>
 
 #include "rules/branch_deletion.h"
 #include "rules/key_counters.h"
@@ -88,48 +89,53 @@ row_key reserved_key(ADODB::Recordset rows, row_key first, const copy_numbers& n
   return checked_key(first);
 }
 
-void copy_replace_row(ADODB::Connection& conn, const copy_numbers& numbers, row_key reserved) {
-  ADODB::Recordset row;
-  row.Open(sql("SELECT * FROM REPLACE WHERE REPLACE_NO = %1", {numbers.source}), conn);
-  conn.Execute(sql(definition_row, {numbers.definition, value_or_null(row, "P_REPLACE_NO"),
-                                    record_text(row, "KIND"), record_text(row, "TITLE"),
-                                    record_text(row, "COMMENT"), reserved}));
-  row.Close();
+using statements = std::vector<ADODB::statement>;
+
+bool has_lines(const ADODB::Recordset& rule) {
+  const std::string condition = record_text(rule, "REPLACE_COND_NO");
+  return !condition.empty() && condition != "0";
+}
+
+/// The source's own row, and the lines of each condition that is carried.
+std::vector<ADODB::Recordset> source_rows(ADODB::Connection& conn, ADODB::Recordset rules,
+                                          const copy_numbers& numbers) {
+  statements look_ups{sql("SELECT * FROM REPLACE WHERE REPLACE_NO = %1", {numbers.source})};
+  for (; !rules.eof(); rules.MoveNext()) {
+    if (!has_lines(rules) || !numbers.parent_of(rules)) continue;
+    look_ups.push_back(sql("SELECT * FROM REPLACE_COND WHERE REPLACE_COND_NO = %1",
+                           {whole(rules, "REPLACE_COND_NO")}));
+  }
+  return conn.ExecuteAll(look_ups);
+}
+
+void add_replace_row(statements& writes, const ADODB::Recordset& row, const copy_numbers& numbers,
+                     row_key reserved) {
+  writes.push_back(sql(definition_row, {numbers.definition, value_or_null(row, "P_REPLACE_NO"),
+                                        record_text(row, "KIND"), record_text(row, "TITLE"),
+                                        record_text(row, "COMMENT"), reserved}));
 }
 
 // Condition numbers of two definitions may coincide: only the source's own lines are carried.
-void copy_cond_rows(ADODB::Connection& conn, row_key condition, const copy_numbers& numbers) {
-  ADODB::Recordset line;
-  line.Open(sql("SELECT * FROM REPLACE_COND WHERE REPLACE_COND_NO = %1", {condition}), conn);
+void add_cond_rows(statements& writes, ADODB::Recordset line, const copy_numbers& numbers) {
   for (; !line.eof(); line.MoveNext()) {
     if (whole(line, "REPLACE_NO") != numbers.source) continue;
-    conn.Execute(sql(line_row, {checked_key(numbers.next_condition), GetRecordNum(line, "SNO"),
-                                record_text(line, "USE_TYPE"), value_or_null(line, "S_METHOD"),
-                                record_text(line, "S_VAL"), value_or_null(line, "D_F_METHOD"),
-                                date_bound(line, "D_F_VAL"), value_or_null(line, "D_T_METHOD"),
-                                date_bound(line, "D_T_VAL"), value_or_null(line, "N_F_METHOD"),
-                                GetRecordNum(line, "N_F_VAL"), value_or_null(line, "N_T_METHOD"),
-                                GetRecordNum(line, "N_T_VAL"), value_or_null(line, "B_VAL"),
-                                numbers.definition}));
+    writes.push_back(
+        sql(line_row,
+            {checked_key(numbers.next_condition), GetRecordNum(line, "SNO"),
+             record_text(line, "USE_TYPE"), value_or_null(line, "S_METHOD"),
+             record_text(line, "S_VAL"), value_or_null(line, "D_F_METHOD"),
+             date_bound(line, "D_F_VAL"), value_or_null(line, "D_T_METHOD"),
+             date_bound(line, "D_T_VAL"), value_or_null(line, "N_F_METHOD"),
+             GetRecordNum(line, "N_F_VAL"), value_or_null(line, "N_T_METHOD"),
+             GetRecordNum(line, "N_T_VAL"), value_or_null(line, "B_VAL"), numbers.definition}));
   }
-  line.Close();
 }
 
-/// The lines go in before the row that points to them. A row that hangs below none, which no window
-/// shows, is not carried.
-void copy_rule_row(ADODB::Connection& conn, const ADODB::Recordset& rule, copy_numbers& numbers) {
-  const std::optional<row_key> parent = numbers.parent_of(rule);
-  if (!parent) return;
-  std::string condition = record_text(rule, "REPLACE_COND_NO");
-  if (condition.empty() || condition == "0") {
-    condition = "0";
-  } else {
-    copy_cond_rows(conn, whole(rule, "REPLACE_COND_NO"), numbers);
-    condition = std::to_string(checked_key(numbers.next_condition++));
-  }
-  conn.Execute(
+void add_rule_row(statements& writes, const ADODB::Recordset& rule, const copy_numbers& numbers,
+                  row_key parent, row_key condition) {
+  writes.push_back(
       sql(rule_row,
-          {numbers.rules.at(whole(rule, "REPLACE_M_NO")), *parent, record_text(rule, "USE_TYPE"),
+          {numbers.rules.at(whole(rule, "REPLACE_M_NO")), parent, record_text(rule, "USE_TYPE"),
            record_text(rule, "FIELD_ID"), GetRecordNum(rule, "REPLACE_COND_TYPE"), condition,
            record_text(rule, "REPLACE_TITLE"), record_text(rule, "REPLACE_TYPE"),
            record_text(rule, "R_FIELD_ID"), record_text(rule, "R_TEXT"),
@@ -137,14 +143,30 @@ void copy_rule_row(ADODB::Connection& conn, const ADODB::Recordset& rule, copy_n
            record_text(rule, "R_MMEDIA_FILENAME"), numbers.definition}));
 }
 
-// The condition counter ends one above the last number used, if there is such a number.
-void write_counters(ADODB::Connection& conn, const copy_numbers& numbers) {
-  conn.Execute(sql("UPDATE SEQNO SET REPLACE = %1", {numbers.definition}));
-  if (!numbers.rules.empty()) {
-    conn.Execute(sql("UPDATE SEQNO SET REPLACE_M = %1", {numbers.last_rule()}));
+/// Lines go in before the row that points to them. A row that hangs below none, which no window
+/// shows, is not carried.
+template <class Lines>
+void add_rules(statements& writes, ADODB::Recordset rules, Lines lines, copy_numbers& numbers) {
+  for (; !rules.eof(); rules.MoveNext()) {
+    const std::optional<row_key> parent = numbers.parent_of(rules);
+    if (!parent) continue;
+    row_key condition = 0;
+    if (has_lines(rules)) {
+      add_cond_rows(writes, *lines++, numbers);
+      condition = checked_key(numbers.next_condition++);
+    }
+    add_rule_row(writes, rules, numbers, *parent, condition);
   }
-  conn.Execute(sql("UPDATE SEQNO SET REPLACE_COND = %1",
-                   {std::min(numbers.next_condition, row_key{highest_key})}));
+}
+
+// The condition counter ends one above the last number used, if there is such a number.
+void add_counters(statements& writes, const copy_numbers& numbers) {
+  writes.push_back(sql("UPDATE SEQNO SET REPLACE = %1", {numbers.definition}));
+  if (!numbers.rules.empty()) {
+    writes.push_back(sql("UPDATE SEQNO SET REPLACE_M = %1", {numbers.last_rule()}));
+  }
+  writes.push_back(sql("UPDATE SEQNO SET REPLACE_COND = %1",
+                       {std::min(numbers.next_condition, row_key{highest_key})}));
 }
 
 copied_definition copy_rows(ADODB::Connection& conn, row_key source) {
@@ -158,9 +180,12 @@ copied_definition copy_rows(ADODB::Connection& conn, row_key source) {
   number_rules(rules, first_rule, numbers);
   const row_key reserved = reserved_key(rules, first_rule, numbers);
   delete_rules(conn, numbers.definition);
-  copy_replace_row(conn, numbers, reserved);
-  for (; !rules.eof(); rules.MoveNext()) copy_rule_row(conn, rules, numbers);
-  write_counters(conn, numbers);
+  const std::vector<ADODB::Recordset> found = source_rows(conn, rules, numbers);
+  statements writes;
+  add_replace_row(writes, found.front(), numbers, reserved);
+  add_rules(writes, rules, found.begin() + 1, numbers);
+  add_counters(writes, numbers);
+  conn.ExecuteAll(writes);
   return {checked_key(numbers.definition), checked_key(reserved)};
 }
 

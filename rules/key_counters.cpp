@@ -1,6 +1,8 @@
 #include "rules/key_counters.h"
 
+#include <array>
 #include <stdexcept>
+#include <vector>
 
 #include "platform/messages.h"
 #include "store/key_counters.h"
@@ -57,13 +59,11 @@ row_key next_title_key(ADODB::Connection& conn) {
 }
 
 row_key next_rule_key(ADODB::Connection& conn, row_key definition) {
-  const row_key last = counter(conn, "replace_m");
-  const ADODB::Value highest =
-      conn.Execute(sql("select max(replace_m_no) from replace_m where replace_no=<definition>",
-                       {definition}))
-          .Fields()
-          .Item(0)
-          .Value();
+  const std::vector<ADODB::Recordset> found = conn.ExecuteAll(std::array{
+      ADODB::look_up_of("replace_m"),
+      sql("select max(replace_m_no) from replace_m where replace_no=<definition>", {definition})});
+  const row_key last = ADODB::last_number(found[0]).value_or(0);
+  const ADODB::Value highest = found[1].Fields().Item(0).Value();
   if (highest.is_null() || highest.number() <= last) return last + 1;
   conn.Execute(sql("update seqno set replace_m = <number>", {highest}));
   return highest.number() + 1;

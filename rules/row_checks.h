@@ -6,6 +6,9 @@
 
 namespace ta_vorlumine {
 
+/// The select of a row of `replace`.
+[[nodiscard]] ADODB::statement title_row(row_key replace_no);
+
 /// Raises vanished_row unless `replace` holds the row.
 void require_title_row(ADODB::Connection& conn, row_key replace_no);
 

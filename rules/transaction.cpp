@@ -1,5 +1,7 @@
 #include "rules/transaction.h"
 
+#include <array>
+
 #include "rules/row_checks.h"
 #include "rules/with_undo.h"
 #include "store/sql.h"
@@ -39,9 +41,10 @@ bool came_in_between(const ADODB::Error& failure) {
 // An update that changes nothing locks the row on every engine, for as long as the transaction.
 void hold_title_row(ADODB::Connection& conn, row_key replace_no) {
   if (replace_no == 0) return;
-  conn.Execute(
-      ADODB::sql("update replace set kind=kind where replace_no=<replace_no>", {replace_no}));
-  require_title_row(conn, replace_no);
+  const auto found = conn.ExecuteAll(std::array{
+      ADODB::sql("update replace set kind=kind where replace_no=<replace_no>", {replace_no}),
+      title_row(replace_no)});
+  if (found[1].eof()) throw vanished_row();
 }
 
 void hold_moves(ADODB::Connection& conn) {

@@ -4,6 +4,7 @@
 #include "rules/row_checks.h"
 #include "rules/shared_state.h"
 #include "rules/transaction.h"
+#include "store/key_counters.h"
 #include "store/sql.h"
 #include "values/set_value.h"
 
@@ -26,8 +27,9 @@ void write(const value_entry& value) {
   }
   require_empty_branch(state.conn, state.f_replace_no, state.selected_key());
   const std::int16_t key = checked_key(next_rule_key(state.conn, state.f_replace_no));
-  state.conn.Execute(insert_statement(value, key, state.basNodeKey, state.f_replace_no));
-  update_seqno(state.conn, "replace_m");
+  state.conn.ExecuteAll(
+      std::array{insert_statement(value, key, state.basNodeKey, state.f_replace_no),
+                 ADODB::advance_of("replace_m")});
 }
 
 }  // namespace
