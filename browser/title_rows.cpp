@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "rules/failure_words.h"
 #include "rules/shared_state.h"
 #include "store/sql.h"
 
@@ -40,6 +41,8 @@ const char* picture_for(ADODB::Recordset values) {
   return "cond";
 }
 
+constexpr int most_levels = 2000;  // the toolkit's view of more would use up a small stack
+
 bool ends_reading(const ADODB::Error& failure) {
   return failure.kind() == ADODB::failure_kind::lost_connection ||
          failure.kind() == ADODB::failure_kind::busy;
@@ -48,9 +51,13 @@ bool ends_reading(const ADODB::Error& failure) {
 }  // namespace
 
 title_rows::title_rows(ADODB::Connection& conn) : level_{{subject::children, 0, 0}} {
+  int levels = 0;
   while (!level_.empty() && ended_by_.empty()) {
     read_level(conn);
-    if (level_.empty()) level_ = std::exchange(next_level_, {});
+    if (!level_.empty()) continue;
+    level_ = std::exchange(next_level_, {});
+    if (!level_.empty() && ++levels == most_levels)
+      ended_by_ = "フォルダの階層が深すぎるため、2000階層より下は表示されません。";
   }
 }
 
@@ -70,7 +77,7 @@ void title_rows::read_level(ADODB::Connection& conn) {
     level_.clear();
   } catch (const ADODB::Error& failure) {
     if (ends_reading(failure)) {
-      ended_by_ = failure.what();
+      ended_by_ = words_for(failure);
       return;
     }
     const look_up refused = *asked;

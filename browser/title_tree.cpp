@@ -27,6 +27,8 @@ void replaceForm::fill_tree(const title_rows& rows) {
 void replaceForm::load_title_children(const title_rows& rows, std::int32_t parent) {
   try {
     for (ADODB::Recordset row = rows.children(parent); !row.eof(); row.MoveNext()) {
+      // What another program moves while the levels are read can be met under two folders.
+      if (SSTree1.Nodes.Has(row.Fields().Item("replace_no").Value().text())) continue;
       add_title_node(rows, row.Fields());
       load_title_children(
           rows, static_cast<std::int32_t>(row.Fields().Item("replace_no").Value().number()));
