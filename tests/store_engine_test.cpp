@@ -186,6 +186,7 @@ TEST_F(StoreEngine, TellsWhyAStatementWasRefused) {
 TEST_F(StoreEngine, GivesTheResultsOfManyStatementsInTheirOrder) {
   std::vector<statement> many;
   const std::string filling(2000, 'x');
+  many.reserve(10000);
   for (int i = 0; i < 10000; ++i) many.push_back(sql("select <n>,'<t>'", {i, filling}));
   int seen = 0;
   connection.ExecuteAll(many, [&](const Recordset& rows) {
