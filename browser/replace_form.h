@@ -61,7 +61,7 @@ class replaceForm {
 
  private:
   void fill_tree(const title_rows& rows);
-  void load_title_children(const title_rows& rows, std::int32_t parent);
+  void load_titles(const title_rows& rows);
   void add_title_node(const title_rows& rows, const ADODB::Fields& row);
 
   void select_node(const Node& node);

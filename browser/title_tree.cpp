@@ -1,4 +1,6 @@
 #include <exception>
+#include <functional>
+#include <vector>
 
 #include "browser/replace_form.h"
 #include "browser/title_rows.h"
@@ -7,6 +9,20 @@
 #include "rules/failure_words.h"
 
 namespace ta_vorlumine {
+namespace {
+
+/// Whether the step was done; the user is told why not.
+bool done_or_told(const std::function<void()>& step) {
+  try {
+    step();
+    return true;
+  } catch (const std::exception& failure) {
+    platform::message(words_for(failure));
+    return false;
+  }
+}
+
+}  // namespace
 
 void replaceForm::init_form() {
   Init_ToolBar();
@@ -20,21 +36,34 @@ void replaceForm::init_form() {
 void replaceForm::fill_tree(const title_rows& rows) {
   const tree_filling filling(SSTree1, ImageList1, "条件設定", "0");
   atNode = filling.root();
-  load_title_children(rows, 0);
+  load_titles(rows);
 }
 
-// A level that fails costs the tree the rest of that level, not the whole load.
-void replaceForm::load_title_children(const title_rows& rows, std::int32_t parent) {
-  try {
-    for (ADODB::Recordset row = rows.children(parent); !row.eof(); row.MoveNext()) {
-      // What another program moves while the levels are read can be met under two folders.
-      if (SSTree1.Nodes.Has(row.Fields().Item("replace_no").Value().text())) continue;
-      add_title_node(rows, row.Fields());
-      load_title_children(
-          rows, static_cast<std::int32_t>(row.Fields().Item("replace_no").Value().number()));
+// Goes depth first, in a loop: a call for each level could use up a small stack. A row that fails
+// costs the tree the rest of its level, not the whole load.
+void replaceForm::load_titles(const title_rows& rows) {
+  std::vector<ADODB::Recordset> levels;  // from the root down, each on its next row
+  const auto open_level = [&](row_key parent) { levels.push_back(rows.children(parent)); };
+  done_or_told([&] { open_level(0); });
+  while (!levels.empty()) {
+    const ADODB::Recordset row = levels.back();
+    if (row.eof()) {
+      levels.pop_back();
+      continue;
     }
-  } catch (const std::exception& failure) {
-    platform::message(words_for(failure));
+    levels.back().MoveNext();
+    // What another program moves while the levels are read can be met under two folders.
+    if (SSTree1.Nodes.Has(row.Fields().Item("replace_no").Value().text())) continue;
+    row_key key = 0;
+    const bool added = done_or_told([&] {
+      key = row.Fields().Item("replace_no").Value().number();
+      add_title_node(rows, row.Fields());
+    });
+    if (!added) {
+      levels.pop_back();
+    } else {
+      done_or_told([&] { open_level(key); });
+    }
   }
 }
 

@@ -77,9 +77,7 @@ ADODB::Recordset condition_dialog::lines_in_store() {
 // While the connection is lost the grid alone has to do, so that typing goes on: OK writes all
 // lines anew, and tells if it can't.
 std::int64_t condition_dialog::next_number() {
-  std::int64_t highest = 0;
-  for (int row = 1; row < fg.Rows(); ++row)
-    highest = std::max<std::int64_t>(highest, std::stoll("0" + fg.TextMatrix(row, 3)));
+  std::optional<std::int64_t> highest;
   transaction_.look([&] {
     ADODB::Recordset found = shared().conn.Execute(
         sql("select max(sno) from replace_cond where replace_cond_no=<f_replace_cond_no> "
@@ -88,7 +86,14 @@ std::int64_t condition_dialog::next_number() {
     const bool none = found.eof() || found.Fields().Item(0).Value().is_null();
     highest = none ? 0 : found.Fields().Item(0).Value().number();
   });
-  return highest + 1;
+  return (highest ? *highest : highest_number_in_grid()) + 1;
+}
+
+std::int64_t condition_dialog::highest_number_in_grid() {
+  std::int64_t highest = 0;
+  for (int row = 1; row < fg.Rows(); ++row)
+    highest = std::max<std::int64_t>(highest, std::stoll("0" + fg.TextMatrix(row, 3)));
+  return highest;
 }
 
 void condition_dialog::add_trailing_row(const std::string& cond_no, std::int64_t sno) {

@@ -69,6 +69,7 @@ class condition_dialog {
   [[nodiscard]] line_cells cells(int row);
   [[nodiscard]] ADODB::Recordset lines_in_store();
   [[nodiscard]] std::int64_t next_number();
+  [[nodiscard]] std::int64_t highest_number_in_grid();
   void add_trailing_row(const std::string& cond_no, std::int64_t sno);
   void row_check();
   void delete_line();

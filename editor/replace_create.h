@@ -120,7 +120,7 @@ class replace_create {
   [[nodiscard]] static title_fields stored_fields();
 
   /// What the nodes show of other tables, by the rows' keys, while the tree is built.
-  std::unordered_map<row_key, ADODB::Recordset> looked_up_;
+  std::unordered_map<std::string, ADODB::Recordset> looked_up_;
 
   /// What the editor opened with. A box may show bytes that are no text otherwise than they are
   /// stored.

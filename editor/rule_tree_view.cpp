@@ -25,8 +25,9 @@ bool is_otherwise_too_early(ADODB::Recordset row) {
   return !row.eof() && text_of(row, "p_replace_m_no") == field;
 }
 
-row_key key_of(const ADODB::Recordset& row) {
-  return row.Fields().Item("replace_m_no").Value().number();
+// As a text: other programs may have left no number there.
+std::string key_of(const ADODB::Recordset& row) {
+  return text_of(row, "replace_m_no");
 }
 
 /// What a row's node shows that stands in another table; nothing for most.
@@ -57,7 +58,7 @@ void replace_create::init_tree() {
 
 void replace_create::look_up_all(ADODB::Recordset rows) {
   std::vector<ADODB::statement> look_ups;
-  std::vector<row_key> keys;
+  std::vector<std::string> keys;
   for (; !rows.eof(); rows.MoveNext()) {
     auto look_up = look_up_of(rows);
     if (!look_up) continue;
@@ -115,7 +116,7 @@ void replace_create::add_rule_node(const ADODB::Recordset& row) {
   auto& state = shared();
   const std::string use_type = text_of(row, "use_type");
   const std::string parent = text_of(row, "p_replace_m_no");
-  const std::string key = text_of(row, "replace_m_no");
+  const std::string key = key_of(row);
   look_up(row);
   if (use_type == "F") {
     const std::string field =

@@ -15,7 +15,7 @@ namespace rule_store {
 namespace {
 
 constexpr std::size_t most_unfit_rows = 100;
-constexpr std::size_t rows_between_reports = 1000;
+constexpr std::size_t rows_at_once = 1000;
 
 using table_rows = std::vector<ADODB::Recordset>;
 
@@ -84,9 +84,10 @@ class row_copier {
   bool insert_all() {
     try {
       for_each_row([this](const copied_table& table, const ADODB::Fields& row) {
-        target_.Execute(insert_of(table, row));
-        if (++done_ % rows_between_reports == 0) tell_(done_, all_);
+        waiting_.push_back(insert_of(table, row));
+        if (waiting_.size() == rows_at_once) insert_waiting();
       });
+      insert_waiting();
     } catch (const ADODB::Error& failure) {
       if (!is_about_the_row(failure)) throw;
       return false;
@@ -107,6 +108,7 @@ class row_copier {
         target_.Execute("rollback to savepoint a_row");
         refused.push_back(row_name(table, row) + ": " + failure.what());
       }
+      target_.Execute("release savepoint a_row");
     });
     return refused;
   }
@@ -137,11 +139,19 @@ class row_copier {
         visit(copied_tables.at(i), rows_[i].Fields(row));
   }
 
+  void insert_waiting() {
+    target_.ExecuteAll(waiting_);
+    done_ += waiting_.size();
+    if (waiting_.size() == rows_at_once) tell_(done_, all_);
+    waiting_.clear();
+  }
+
   const table_rows& rows_;
   ADODB::Connection& target_;
   const copy_progress& tell_;
   std::size_t all_ = 0;
   std::size_t done_ = 0;
+  std::vector<ADODB::statement> waiting_;  ///< inserts that are sent together
 };
 
 /// The counters' row alone doesn't make a store used: every new one has it.
@@ -161,9 +171,11 @@ std::vector<std::string> copy_rows(const table_rows& rows, ADODB::Connection& ta
   target.Execute("delete from seqno");
   target.Execute("savepoint no_row");
   row_copier copier(rows, target, tell);
-  if (copier.insert_all()) return copier.changed_rows();
-  target.Execute("rollback to savepoint no_row");
-  return copier.refused_rows();
+  if (!copier.insert_all()) {
+    target.Execute("rollback to savepoint no_row");
+    if (auto refused = copier.refused_rows(); !refused.empty()) return refused;
+  }
+  return copier.changed_rows();
 }
 
 }  // namespace

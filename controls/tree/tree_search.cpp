@@ -9,6 +9,7 @@
 #include <QToolButton>
 
 #include "platform/composition.h"
+#include "platform/one_line_text.h"
 
 namespace ta_vorlumine {
 namespace {
@@ -67,6 +68,7 @@ tree_search::tree_search(const tree_nodes& nodes, QWidget& view)
   add_button("search_previous", "前へ (Shift+Enter)", Qt::UpArrow, [this] { step(false); });
   add_button("search_next", "次へ (Enter)", Qt::DownArrow, [this] { step(true); });
   add_button("search_close", "検索を閉じる (Esc)", Qt::NoArrow, [this] { close_box(); });
+  line_->setValidator(new platform::one_line_text(line_));
   connect(line_, &QLineEdit::textChanged, this, [this] { look(); });
   hide();
 }
