@@ -13,11 +13,20 @@
 namespace ta_vorlumine {
 namespace {
 
+const char* words_of(ADODB::awaited what) {
+  switch (what) {
+    case ADODB::awaited::connection:
+      return "サーバーに接続しています…";
+    case ADODB::awaited::lock:
+      return "他のプログラムの処理が終わるのを待っています…";
+    default:
+      return "サーバーの応答を待っています…";
+  }
+}
+
 class waiting_window : public ADODB::shown_wait {
  public:
-  explicit waiting_window(ADODB::awaited what)
-      : note_(what == ADODB::awaited::connection ? "サーバーに接続しています…"
-                                                 : "サーバーの応答を待っています…") {}
+  explicit waiting_window(ADODB::awaited what) : note_(words_of(what)) {}
   [[nodiscard]] bool goes_on() override { return note_.goes_on(); }
 
  private:

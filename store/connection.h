@@ -15,7 +15,7 @@ namespace ADODB {
 /// One connection to a rule store. Used by one thread at a time. Every failure is an Error.
 class Connection {
  public:
-  /// Shows the user waits for a server, from the next Open on.
+  /// Shows the user that a command waits for a server or a lock. To be set before Open.
   wait_display while_waiting;
 
   /// Opens the store that the connection string names. The store must exist: nothing is created.

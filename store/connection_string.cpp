@@ -13,7 +13,7 @@ namespace {
 
 const std::map<std::string, std::vector<std::string_view>>& keys_of_drivers() {
   static const std::map<std::string, std::vector<std::string_view>> keys = {
-      {"sqlite", {"database"}},
+      {"sqlite", {"database", "locktimeout"}},
       {"postgresql",
        {"server", "port", "database", "uid", "pwd", "sslmode", "sslrootcert", "service",
         "connecttimeout", "statementtimeout", "locktimeout"}},
@@ -114,6 +114,17 @@ connection_settings read_connection_string(std::string_view text) {
   if (!settings.values.contains("service") && settings.values["database"].empty())
     refuse("it names no Database");
   return settings;
+}
+
+time_limits limits_of(const connection_settings& settings) {
+  time_limits limits;
+  for (const auto& [key, limit] : {std::pair{"connecttimeout", &limits.connecting},
+                                   {"statementtimeout", &limits.statement},
+                                   {"locktimeout", &limits.lock}}) {
+    const auto given = settings.values.find(key);
+    if (given != settings.values.end()) *limit = std::chrono::seconds(std::stoi(given->second));
+  }
+  return limits;
 }
 
 }  // namespace ADODB

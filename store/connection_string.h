@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <map>
 #include <string>
 #include <string_view>
@@ -25,5 +26,15 @@ struct connection_settings {
 /// missing Database. The text of a failure names entries by their number, never by content, since
 /// that may be a password.
 [[nodiscard]] connection_settings read_connection_string(std::string_view text);
+
+/// How long something is waited for.
+struct time_limits {
+  std::chrono::seconds connecting{5};  ///< for each of several hosts
+  std::chrono::seconds statement{10};
+  std::chrono::seconds lock{5};  ///< that another program holds
+};
+
+/// As the connection string has them, or as they are without its word.
+[[nodiscard]] time_limits limits_of(const connection_settings& settings);
 
 }  // namespace ADODB

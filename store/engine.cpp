@@ -10,8 +10,7 @@ void engine::execute_all(std::span<const statement> statements, const result_tak
 }
 
 std::unique_ptr<engine> open_engine(const connection_settings& settings) {
-  if (settings.driver == "sqlite")
-    return std::make_unique<sqlite_engine>(settings.values.at("database"), settings.opened_for);
+  if (settings.driver == "sqlite") return std::make_unique<sqlite_engine>(settings);
   return std::make_unique<postgresql_engine>(settings);
 }
 

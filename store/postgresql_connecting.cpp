@@ -31,11 +31,6 @@ constexpr std::array<std::pair<const char*, const char*>, 6> fixed_options = {
      {"keepalives_interval", "5"},
      {"keepalives_count", "2"}}};
 
-seconds limit(const connection_settings& settings, const char* key, int otherwise) {
-  const auto given = settings.values.find(key);
-  return seconds(given == settings.values.end() ? otherwise : std::stoi(given->second));
-}
-
 postgresql_handle connect_now(const connection_settings& settings) {
   std::vector<const char*> keywords;
   std::vector<const char*> values;
@@ -58,11 +53,6 @@ postgresql_handle connect_now(const connection_settings& settings) {
 }
 
 }  // namespace
-
-time_limits limits_of(const connection_settings& settings) {
-  return {limit(settings, "connecttimeout", 5), limit(settings, "statementtimeout", 10),
-          limit(settings, "locktimeout", 5)};
-}
 
 // libpq tries several hosts, each within its limit, in one call only, which blocks. So that the
 // wait can be shown and ended, the call runs in a thread of its own, which uses nothing but its

@@ -17,16 +17,6 @@ struct connection_closer {
 };
 using postgresql_handle = std::unique_ptr<PGconn, connection_closer>;
 
-/// How long something is waited for.
-struct time_limits {
-  std::chrono::seconds connecting;  ///< for each of several hosts
-  std::chrono::seconds statement;
-  std::chrono::seconds lock;  ///< that another program holds
-};
-
-/// As the connection string has them, or as they are without its word.
-[[nodiscard]] time_limits limits_of(const connection_settings& settings);
-
 /// Connects to the existing database that the settings name: of several hosts the first that takes
 /// writes, or that answers if the store is to be read. Whether it could, PQstatus tells. A user
 /// who is shown the wait can end it, which raises Error.

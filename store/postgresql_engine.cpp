@@ -113,7 +113,7 @@ void postgresql_engine::connect_anew() {
   }
 }
 
-/// Of what is sent again, only the statements whose results have not come.
+/// After a lost connection only the statements whose results have not come are sent again.
 void postgresql_engine::run(std::span<const statement> statements, const result_taker& take) {
   const result_taker take_and_count = [&](result rows) {
     take(std::move(rows));
@@ -124,7 +124,7 @@ void postgresql_engine::run(std::span<const statement> statements, const result_
       const postgresql_answer refusal =
           postgresql_pipeline(session, prepared_, statements, take_and_count).run();
       if (!refusal) return;
-      // Of a commit that fails, the statements have their results.
+      // None is left if the failure is that of the commit which ends the pipeline.
       const bool mended = !statements.empty() && mend_names(refusal.get(), statements.front());
       // Inside a transaction the failure has aborted the transaction: a second try would fail too.
       if (!mended || in_transaction_ || statements.size() == tried) session.check(refusal.get());
@@ -132,8 +132,8 @@ void postgresql_engine::run(std::span<const statement> statements, const result_
   });
 }
 
-/// Whether the server only has other statements prepared than this program remembers. That is put
-/// right.
+/// Whether the statement was refused only because the server has not prepared it as this program
+/// remembers. It is forgotten then, so that a second try prepares it anew.
 bool postgresql_engine::mend_names(const PGresult* failure, const statement& refused) {
   if (has_state(failure, tables_have_changed)) {
     prepared_.rename_all();

@@ -16,7 +16,7 @@
 namespace ADODB {
 namespace {
 
-// The server itself ends a statement that takes too long. Its word of that needs a moment.
+// The server itself ends a statement that takes too long. Its answer then needs a moment to arrive.
 constexpr std::chrono::seconds longest_way(2);
 
 std::string without_line_end(std::string text) {
@@ -41,17 +41,17 @@ bool tells_loss(const PGresult* answer) {
 }
 
 /// In a thread of its own, as it also waits for a server that doesn't answer. That thread uses
-/// nothing that ends with the session.
-void cancel_statement(PGconn* connection) {
+/// nothing that ends with the session. What is given is ready once the server knows.
+std::future<void> cancel_statement(PGconn* connection) {
   const std::shared_ptr<PGcancel> cancel(PQgetCancel(connection), PQfreeCancel);
-  if (!cancel) return;
+  if (!cancel) return {};
   std::packaged_task<void()> request([cancel] {
     std::array<char, 256> reason{};
     PQcancel(cancel.get(), reason.data(), reason.size());
   });
-  const auto sent = request.get_future();
+  auto sent = request.get_future();
   std::thread(std::move(request)).detach();
-  sent.wait_for(longest_way);
+  return sent;
 }
 
 failure_kind kind_of(std::string_view state) {
@@ -177,8 +177,11 @@ void postgresql_session::begin(const std::string& words) {
 // be lost with this server. So it is left to wait, and what became of it unknown.
 void postgresql_session::commit() {
   is_committing_ = true;
+  struct ending {
+    bool& is_committing;
+    ~ending() { is_committing = false; }
+  } const end{is_committing_};
   run("SET LOCAL statement_timeout=0;COMMIT");
-  is_committing_ = false;
 }
 
 void postgresql_session::run(const std::string& script) {
@@ -260,11 +263,12 @@ void postgresql_session::wait(bool has_more_to_send) {
   while (true) {
     const int unsent = PQflush(handle_.get());
     const bool may_send = unsent == 0 && has_more_to_send;
-    if (unsent < 0 || may_send || PQisBusy(handle_.get()) == 0) return;
+    if (unsent < 0 || may_send || PQisBusy(handle_.get()) == 0) return settle_cancel();
     pollfd socket{PQsocket(handle_.get()), static_cast<short>(unsent ? POLLIN | POLLOUT : POLLIN),
                   0};
     const int ready = ::poll(&socket, 1, static_cast<int>(patience_left.next_piece().count()));
-    if (ready == 0) go_on_waiting(patience_left);
+    // A host whose timers send it signals gets here before the time is over, again and again.
+    if (ready == 0 || (ready < 0 && errno == EINTR)) go_on_waiting(patience_left);
     if (ready < 0 && errno == EINTR) continue;
     if (PQconsumeInput(handle_.get()) == 0) return;
   }
@@ -277,8 +281,16 @@ void postgresql_session::go_on_waiting(patience& wait) {
   is_shown_waiting_ = false;
   if (state == patience::state::waits) return;
   if (state == patience::state::is_over || is_committing_) give_up();
-  cancel_statement(handle_.get());
+  cancel_ = cancel_statement(handle_.get());
   wait.go_on_unseen(longest_way);
+}
+
+/// The server must have been told before another statement is sent, which would else be the one
+/// that it cancels.
+void postgresql_session::settle_cancel() {
+  if (!cancel_.valid()) return;
+  if (cancel_.wait_for(longest_way) != std::future_status::ready) give_up();
+  cancel_ = {};
 }
 
 /// What the server hasn't got by now must not reach it later: to a COMMIT among it, for one, the
@@ -286,7 +298,11 @@ void postgresql_session::go_on_waiting(patience& wait) {
 void postgresql_session::give_up() {
   const postgresql_handle left = std::move(handle_);
   was_given_up_ = true;
-  if (!is_committing_) cancel_statement(left.get());
+  if (!is_committing_ && !cancel_.valid()) {
+    cancel_ = cancel_statement(left.get());
+    if (cancel_.valid()) cancel_.wait_for(longest_way);
+  }
+  cancel_ = {};
   constexpr linger none{1, 0};
   ::setsockopt(PQsocket(left.get()), SOL_SOCKET, SO_LINGER, &none, sizeof none);
   lose("the server gives no answer");

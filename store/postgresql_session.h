@@ -2,6 +2,7 @@
 
 #include <libpq-fe.h>
 
+#include <future>
 #include <memory>
 #include <string>
 #include <vector>
@@ -81,6 +82,7 @@ class postgresql_session {
   [[nodiscard]] postgresql_answer answer_to(int sent);
   void wait(bool has_more_to_send = false);
   void go_on_waiting(patience& wait);
+  void settle_cancel();
   [[noreturn]] void give_up();
   [[noreturn]] void lose(const std::string& reason);
 
@@ -93,6 +95,7 @@ class postgresql_session {
   bool is_committing_ = false;
   bool is_shown_waiting_ = false;
   bool was_given_up_ = false;
+  std::future<void> cancel_;  // on its way since the user ended the wait for a statement
 };
 
 }  // namespace ADODB

@@ -1,11 +1,11 @@
 #include "store/sqlite_database.h"
 
+#include <utility>
+
 #include "store/error.h"
 
 namespace ADODB {
 namespace {
-
-constexpr int busy_timeout_ms = 5000;
 
 bool is_busy(int code) {
   const int primary_code = code & 0xff;
@@ -47,7 +47,10 @@ store_place place_of(const std::string& path) {
 
 }  // namespace
 
-sqlite_database::sqlite_database(const std::string& path, access access) : place_(place_of(path)) {
+sqlite_database::sqlite_database(const std::string& path, access access, wait_display display,
+                                 std::chrono::seconds lock_limit)
+    : place_(place_of(path)),
+      wait_(std::make_unique<sqlite_lock_wait>(std::move(display), lock_limit)) {
   try {
     open(sqlite_name_of(path, access), access);
   } catch (const Error& failure) {
@@ -62,7 +65,7 @@ void sqlite_database::open(const std::string& name, access access) {
   handle_.reset(handle);
   if (code != SQLITE_OK) refuse(code);
   check(sqlite3_extended_result_codes(handle, 1));
-  check(sqlite3_busy_timeout(handle, busy_timeout_ms));
+  wait_->serve(handle);
   // SQLite opens a file that it may not write for reading, without an error. A file that it may
   // write is not opened with SQLITE_OPEN_READONLY to be read: a store in WAL mode would keep the
   // two files that SQLite makes beside it.
@@ -76,7 +79,14 @@ void sqlite_database::open(const std::string& name, access access) {
   static_cast<void>(is_in_place());  // in WAL mode the log is there by now: which one is remembered
 }
 
+sqlite_lock_wait::call sqlite_database::begin_call() const {
+  if (wait_->is_shown())
+    throw Error(failure_kind::other, "another command still waits for the store");
+  return sqlite_lock_wait::call(*wait_);
+}
+
 sqlite_statement sqlite_database::prepare(std::string_view text) {
+  const auto call = begin_call();
   sqlite3_stmt* statement = nullptr;
   const char* rest = nullptr;
   check(sqlite3_prepare_v3(handle_.get(), text.data(), static_cast<int>(text.size()),
@@ -97,12 +107,14 @@ sqlite_statement sqlite_database::prepare(std::string_view text) {
 }
 
 bool sqlite_database::step(sqlite3_stmt* statement) {
+  const auto call = begin_call();
   const int code = sqlite3_step(statement);
   if (code != SQLITE_ROW && code != SQLITE_DONE) check(code);
   return code == SQLITE_ROW;
 }
 
 void sqlite_database::run(const std::string& script) {
+  const auto call = begin_call();
   check(sqlite3_exec(handle_.get(), script.c_str(), nullptr, nullptr, nullptr));
 }
 

@@ -8,6 +8,7 @@
 
 #include "store/connection_string.h"
 #include "store/sqlite_file.h"
+#include "store/sqlite_lock_wait.h"
 
 namespace ADODB {
 
@@ -21,8 +22,10 @@ class sqlite_database {
  public:
   /// Opens the existing file at `path` (UTF-8), which must be writable unless it is to be read, and
   /// never makes one. A commit returns when the disk has it; a lock of another program is waited
-  /// for up to 5 seconds. The text of a failure begins with the path.
-  explicit sqlite_database(const std::string& path, access access = access::writing);
+  /// for up to the limit, and `display` shows that. The text of a failure begins with the path.
+  explicit sqlite_database(const std::string& path, access access = access::writing,
+                           wait_display display = {},
+                           std::chrono::seconds lock_limit = time_limits().lock);
 
   /// Prepares the one statement that the text holds.
   [[nodiscard]] sqlite_statement prepare(std::string_view text);
@@ -57,7 +60,11 @@ class sqlite_database {
 
   void open(const std::string& name, access access);
 
+  /// Raises if the connection is amid another call that shows its wait.
+  [[nodiscard]] sqlite_lock_wait::call begin_call() const;
+
   store_place place_;
+  std::unique_ptr<sqlite_lock_wait> wait_;  // stays where it is, as the handle calls it
   std::unique_ptr<sqlite3, closer> handle_;
 };
 

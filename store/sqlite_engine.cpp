@@ -11,14 +11,6 @@
 namespace ADODB {
 namespace {
 
-// SQLite takes an empty file for an empty database, but it is what is left of some other file.
-sqlite_database open_store(const std::string& path, access access) {
-  sqlite_database database(path, access);
-  if (database.first_cell("PRAGMA page_count") == "0")
-    throw Error(failure_kind::other, path + ": " + sqlite3_errstr(SQLITE_NOTADB));
-  return database;
-}
-
 /// Resets a prepared statement when its use ends, by a failure too: a statement that stopped
 /// between two rows would keep the store locked.
 class use_of {
@@ -106,10 +98,20 @@ int preparations_of(sqlite3_stmt* statement) {
 }  // namespace
 
 // A path that doesn't begin at the root would name another file once the host changes its folder.
-sqlite_engine::sqlite_engine(const std::string& path, access access)
-    : path_(std::filesystem::absolute(path).string()),
-      access_(access),
-      database_(open_store(path, access)) {}
+sqlite_engine::sqlite_engine(const connection_settings& settings)
+    : path_(std::filesystem::absolute(settings.values.at("database")).string()),
+      access_(settings.opened_for),
+      while_waiting_(settings.while_waiting),
+      lock_limit_(limits_of(settings).lock),
+      database_(open_store()) {}
+
+// SQLite takes an empty file for an empty database, but it is what is left of some other file.
+sqlite_database sqlite_engine::open_store() const {
+  sqlite_database database(path_, access_, while_waiting_, lock_limit_);
+  if (database.first_cell("PRAGMA page_count") == "0")
+    throw Error(failure_kind::other, path_ + ": " + sqlite3_errstr(SQLITE_NOTADB));
+  return database;
+}
 
 result sqlite_engine::execute(const statement& statement) {
   return run(kept_statement_of(statement.text), statement.parameters);
@@ -147,7 +149,7 @@ sqlite_database& sqlite_engine::usable_database() {
     throw Error(failure_kind::lost_connection,
                 path_ + ": the file was taken away, and the transaction with it");
   try {
-    return database_.emplace(open_store(path_, access_));
+    return database_.emplace(open_store());
   } catch (const Error& failure) {
     throw Error(failure_kind::lost_connection, failure.what());
   }
@@ -178,7 +180,7 @@ sqlite_engine::prepared_statement& sqlite_engine::kept_statement_of(const words&
       .first->second;
 }
 
-// A file that is taken away while the statement is being committed is seen behind it.
+// Looks for the file after the statement too: it may be taken away while that is being committed.
 result sqlite_engine::run(prepared_statement& statement, const std::vector<parameter>& parameters) {
   // Some failures make SQLite roll back by itself. Each later statement would then be committed at
   // once, although the caller means to roll all of them back together.

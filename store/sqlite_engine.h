@@ -13,13 +13,13 @@
 namespace ADODB {
 
 /// SQLite behind a connection. Opening changes nothing in the file: its journal mode stays.
-/// Whatever writes, and every transaction, is refused by a lost connection if the file no longer
-/// lies at its path; the next command then opens what lies there, inside a transaction only the
-/// next after its rollback.
+/// If the file no longer lies at its path, whatever writes, and every transaction, fails with a
+/// lost connection. The next command then opens what lies there; inside a transaction, the next one
+/// after the rollback.
 class sqlite_engine : public engine {
  public:
-  /// Opens the existing file at `path` (UTF-8).
-  sqlite_engine(const std::string& path, access access);
+  /// Opens the existing file that the settings name.
+  explicit sqlite_engine(const connection_settings& settings);
 
   [[nodiscard]] result execute(const statement& statement) override;
   [[nodiscard]] result execute(std::string_view text) override;
@@ -38,6 +38,7 @@ class sqlite_engine : public engine {
     std::size_t operator()(const words& text) const { return text.fingerprint().hash(); }
   };
 
+  [[nodiscard]] sqlite_database open_store() const;
   [[nodiscard]] sqlite_database& usable_database();
   void require_in_place();
   [[nodiscard]] prepared_statement prepare(std::string_view text);
@@ -49,6 +50,8 @@ class sqlite_engine : public engine {
 
   std::string path_;
   access access_;
+  wait_display while_waiting_;
+  std::chrono::seconds lock_limit_;
   std::optional<sqlite_database> database_;  ///< nothing once it was found to be taken away
   /// As many as there are different words in the program, at most.
   std::unordered_map<words, prepared_statement, words_hash> statements_;

@@ -15,8 +15,8 @@ namespace ADODB {
 /// Raises Error if there is no such file.
 [[nodiscard]] std::string sqlite_name_of(const std::string& path, access access);
 
-/// What lies at the path of a store, as of its making. SQLite goes on with a file that was taken
-/// from its path, and what it writes there is lost.
+/// Remembers which file lies at the path of a store when this object is made. SQLite would go on
+/// writing to a file that was taken from its path since, and what it writes there is lost.
 class store_place {
  public:
   explicit store_place(const std::string& path);

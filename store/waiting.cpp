@@ -29,8 +29,13 @@ patience::state patience::look() {
   const auto now = steady_clock::now();
   if (now >= end_) return state::is_over;
   if (!display_ || now - begin_ < moment) return state::waits;
-  if (!shown_) shown_ = display_(what_);
-  return shown_->goes_on() ? state::waits : state::was_ended_by_user;
+  // An exception would leave the command, and with it the connection, half done.
+  try {
+    if (!shown_) shown_ = display_(what_);
+    return shown_->goes_on() ? state::waits : state::was_ended_by_user;
+  } catch (...) {
+    return state::was_ended_by_user;
+  }
 }
 
 void patience::go_on_unseen(milliseconds limit) {

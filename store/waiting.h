@@ -6,7 +6,7 @@
 
 namespace ADODB {
 
-enum class awaited { connection, answer };
+enum class awaited { connection, answer, lock };
 
 /// Shows the user, as long as it lives, that the program waits for the store.
 class shown_wait {
@@ -33,7 +33,7 @@ class patience {
 
   /// How long to wait next.
   [[nodiscard]] std::chrono::milliseconds next_piece() const;
-  /// After a piece in vain.
+  /// To be asked after a piece in vain. A display that fails ends the wait as the user would.
   [[nodiscard]] state look();
   /// From here on up to another limit, without the user.
   void go_on_unseen(std::chrono::milliseconds limit);

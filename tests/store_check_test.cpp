@@ -80,6 +80,13 @@ TEST(StoreCheck, FindsNumbersThatStandTwice) {
                    "replace_m 2/2: 2 children", "replace_cond 2/1/3: its number stands twice"}));
 }
 
+TEST(StorePrint, EndsWhereAFolderLiesInItself) {
+  harness::test_store store;
+  store.ignore_checks();
+  store.run("insert into replace(replace_no,p_replace_no,kind,title) values(0,0,'F','a')");
+  EXPECT_LT(printed(store).size(), 100U);
+}
+
 TEST(StorePrint, TellsTheTreesWithoutNumbers) {
   harness::test_store store;
   store.run_script("checked_rules.sql");

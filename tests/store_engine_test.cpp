@@ -235,6 +235,22 @@ TEST_F(StoreEngine, WaitsForAnotherProgramSomeSecondsThenIsBusy) {
   const auto start = std::chrono::steady_clock::now();
   EXPECT_EQ(failure_of([&] { advance_number(connection, "replace"); }).kind(), failure_kind::busy);
   EXPECT_GT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
+
+  // As if the user had ended the wait: the next command finds the connection in order.
+  struct failing_display : shown_wait {
+    awaited what;
+    explicit failing_display(awaited wait) : what(wait) {}
+    bool goes_on() override {
+      if (what != awaited::connection) throw std::bad_alloc();
+      return true;
+    }
+  };
+  connection.Close();
+  connection.while_waiting = [](awaited what) { return std::make_unique<failing_display>(what); };
+  connection.Open(store.connect_string());
+  EXPECT_EQ(failure_of([&] { advance_number(connection, "replace"); }).kind(), failure_kind::busy);
+  other.RollbackTrans();
+  EXPECT_EQ(last_number(connection, "replace"), 0);
 }
 
 TEST_F(StoreEngine, FollowsTablesThatChangeUnderAKeptStatement) {

@@ -1,9 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QPushButton>
-#include <QTest>
-#include <QTimer>
 #include <array>
 #include <csignal>
 #include <cstdlib>
@@ -17,7 +13,6 @@
 #include "store_failure.h"
 #include "test_store.h"
 #include "tool/store_maker.h"
-#include "user.h"
 
 using namespace ADODB;
 
@@ -221,33 +216,6 @@ TEST_F(PostgresqlEngine, MakesAStoreOnlyWhereNoneOfItsTablesIs) {
     store.run(std::string("drop table ") + table);
   rule_store::make_store(store.connect_string(), rule_store::content::sample);
   EXPECT_EQ(store.value("select count(*) from replace"), store.value("select replace from seqno"));
-}
-
-TEST_F(PostgresqlEngine, AWaitIsShownAndLeftByTheUserWhoGetsNothingElseThrough) {
-  store.run_script("common_rules.sql");
-  connection.BeginTrans();
-  connection.Execute("update replace set kind=kind where replace_no=3");
-  harness::browse(store, [this] {
-    harness::click_node("宛名");
-    harness::press("addf");
-    harness::type("Text1", "新");
-    bool was_shown = false;
-    QTimer::singleShot(1500, [&] {
-      for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->objectName() != "waiting_note") continue;
-        was_shown = window->isVisible();
-        QTest::keyClick(&harness::top_window(), Qt::Key_Return);
-        QTest::mouseClick(window->findChild<QPushButton*>(), Qt::LeftButton);
-      }
-    });
-    harness::press("Command2");
-    EXPECT_TRUE(was_shown);
-    EXPECT_NE(harness::read_message().find("user request"), std::string::npos);
-    connection.RollbackTrans();
-    EXPECT_EQ(store.value("select count(*) from replace where title='新'"), "0");
-    harness::press("Command2");
-  });
-  EXPECT_EQ(store.value("select count(*) from replace where title='新'"), "1");
 }
 
 // Only for scripts/server_pool. The other user of the pool is a client that sets nothing.
