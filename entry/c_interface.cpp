@@ -42,6 +42,10 @@ int guarded(ta_vorlumine_editor* editor, Work work) noexcept {
 
 }  // namespace
 
+const char* ta_vorlumine_version() {
+  return ta_vorlumine::replaceClass::version();
+}
+
 ta_vorlumine_editor* ta_vorlumine_create() {
   return new (std::nothrow) ta_vorlumine_editor;
 }

@@ -66,11 +66,16 @@ void replaceClass::replace_show() {
   if (browser.conn.is_open()) {
     throw std::runtime_error("the title browser runs on this thread already");
   }
-  const platform::application application;
+  platform::application application;
   platform::word_failures_by(words_for);
   open_store store(browser.conn, CONNECT_STRING);
   browser.window.show();
   store.close();
+  application.rethrow_hosts_failure();
+}
+
+const char* replaceClass::version() noexcept {
+  return TA_VORLUMINE_VERSION;
 }
 
 }  // namespace ta_vorlumine

@@ -1,7 +1,8 @@
 #!/usr/bin/env python3
 """Shows the title browser over the rule store that the argument names.
 
-The library is looked for as the system does; TA_VORLUMINE names another place.
+The library is looked for as the system does; TA_VORLUMINE names another place. 0.1 is the version of
+the interface that this program was written for.
 """
 
 import ctypes
@@ -10,7 +11,7 @@ import sys
 
 
 def load_library():
-    library = ctypes.CDLL(os.environ.get("TA_VORLUMINE", "libta_vorlumine.so"))
+    library = ctypes.CDLL(os.environ.get("TA_VORLUMINE", "libta_vorlumine.so.0.1"))
     editor = ctypes.c_void_p
     functions = {
         "create": (editor, []),

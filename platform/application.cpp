@@ -1,47 +1,49 @@
 #include "platform/application.h"
 
-#include <xcb/xcb.h>
+#include <unistd.h>
+
 #include <QApplication>
-#include <QDir>
+#include <QEvent>
 #include <QHash>
 #include <QLibraryInfo>
 #include <QThread>
 #include <QTranslator>
+#include <array>
+#include <clocale>
 #include <mutex>
+#include <optional>
 #include <stdexcept>
+#include <string>
+#include <utility>
+
+#include "platform/displays.h"
+#include "platform/modal_loop.h"
+#include "platform/tool_button.h"
 
 namespace platform {
 namespace {
 
-int argument_count = 1;
-char program_name[] = "ta_vorlumine";
-char* arguments[] = {program_name, nullptr};
+// The toolkit gives the process the locale of the environment, and so other signs to the host's
+// numbers. Each part may have been set apart.
+class kept_locale {
+ public:
+  explicit kept_locale(int category)
+      : category_(category), name_(std::setlocale(category, nullptr)) {}
+  kept_locale(const kept_locale&) = delete;
+  kept_locale& operator=(const kept_locale&) = delete;
+  ~kept_locale() { std::setlocale(category_, name_.c_str()); }
 
-bool x_server_answers() {
-  xcb_connection_t* connection = xcb_connect(nullptr, nullptr);
-  const bool answers = xcb_connection_has_error(connection) == 0;
-  xcb_disconnect(connection);
-  return answers;
-}
+ private:
+  int category_;
+  std::string name_;
+};
 
-// A Wayland session is of no use to a toolkit without its plugin, unless it has an X server, too.
-bool has_wayland() {
-  const QDir plugins(QLibraryInfo::path(QLibraryInfo::PluginsPath) + "/platforms");
-  return qEnvironmentVariableIsSet("WAYLAND_DISPLAY") &&
-         !plugins.entryList({"*wayland*"}, QDir::Files).isEmpty();
-}
-
-bool has_display() {
-  const QByteArray platform = qgetenv("QT_QPA_PLATFORM");
-  if (!platform.isEmpty() && !platform.startsWith("xcb")) return true;
-  return (platform.isEmpty() && has_wayland()) || x_server_answers();
-}
-
-void require_windows() {
+/// Gives the platform for an application object of ours.
+QByteArray require_windows() {
   const QCoreApplication* hosts = QCoreApplication::instance();
-  // Without a display the toolkit would end the host's process.
-  if (!hosts && !has_display()) {
-    throw std::runtime_error("no display: windows cannot be shown here");
+  // There, too, the toolkit would end the process.
+  if (!hosts && ::geteuid() != ::getuid() && !QCoreApplication::isSetuidAllowed()) {
+    throw std::runtime_error("windows cannot be shown by a program with another user's rights");
   }
   if (hosts && !qobject_cast<const QApplication*>(hosts)) {
     throw std::runtime_error("the host's application object can show no windows");
@@ -49,6 +51,7 @@ void require_windows() {
   if (hosts && hosts->thread() != QThread::currentThread()) {
     throw std::runtime_error("windows can only be shown on the thread of the host's application");
   }
+  return hosts ? QByteArray() : usable_platform();
 }
 
 // The toolkit takes the first thread with windows for its own, for good: on another one they come
@@ -57,13 +60,14 @@ std::mutex claiming;
 bool claimed = false;
 thread_local bool is_window_thread = false;
 
-void claim_thread() {
+QByteArray claim_thread() {
   const std::lock_guard lock(claiming);
   if (claimed && !is_window_thread) {
     throw std::runtime_error("windows can only be shown on the thread that showed the first one");
   }
-  require_windows();
+  QByteArray platform = require_windows();
   claimed = is_window_thread = true;
+  return platform;
 }
 
 /// What the toolkit's own Japanese leaves out: words of the dialog that opens files.
@@ -83,28 +87,108 @@ class left_out_words : public QTranslator {
   }
 };
 
-}  // namespace
-
-struct application::parts {
-  std::unique_ptr<QApplication> own;
-  QTranslator japanese;
-  left_out_words further;
-};
-
-application::application() {
-  claim_thread();
-  const bool host_has_one = QCoreApplication::instance() != nullptr;
-  parts_ = std::make_unique<parts>();
-  if (!host_has_one) parts_->own = std::make_unique<QApplication>(argument_count, arguments);
-  if (parts_->japanese.load("qtbase_ja", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
-    QCoreApplication::installTranslator(&parts_->japanese);
-  }
-  QCoreApplication::installTranslator(&parts_->further);
+/// Whether the loop itself calls the receiver: a timer, a posted call or event, a socket.
+bool comes_from_loop(const QEvent& event) {
+  const QEvent::Type type = event.type();
+  return type == QEvent::Timer || type == QEvent::MetaCall || type == QEvent::SockAct ||
+         type >= QEvent::User;
 }
 
+}  // namespace
+
+class application::parts : public QObject {
+ public:
+  explicit parts(QByteArray platform);
+  parts(const parts&) = delete;
+  parts& operator=(const parts&) = delete;
+  ~parts() override;
+
+  bool eventFilter(QObject* receiver, QEvent* event) override;
+
+ private:
+  void make_own();
+  void leave_for_quit();
+  void deliver(QObject& receiver, QEvent& event);
+
+  kept_locale input_locale_{LC_CTYPE};  // input methods set it when the first key is typed
+  QByteArray name_{"ta_vorlumine"}, option_{"-platform"}, platform_;
+  std::array<char*, 3> arguments_{};
+  int argument_count_ = 0;
+  std::unique_ptr<QApplication> own_;
+  QTranslator japanese_;
+  left_out_words further_;
+  std::optional<told_tool_buttons> told_;
+  bool quit_is_due_ = false;
+  const QEvent* passing_ = nullptr;  // on its way to its receiver, by deliver()
+};
+
+application::parts::parts(QByteArray platform) : platform_(std::move(platform)) {
+  if (!qApp) make_own();
+  // The toolkit asks whoever came last, and its own came with its application object.
+  told_.emplace();
+  qApp->installEventFilter(this);
+  if (japanese_.load("qtbase_ja", QLibraryInfo::path(QLibraryInfo::TranslationsPath))) {
+    QCoreApplication::installTranslator(&japanese_);
+  }
+  QCoreApplication::installTranslator(&further_);
+}
+
+application::parts::~parts() {
+  QCoreApplication::removeTranslator(&further_);
+  QCoreApplication::removeTranslator(&japanese_);
+  if (quit_is_due_ && !own_)
+    QCoreApplication::postEvent(qApp, std::make_unique<QEvent>(QEvent::Quit).release());
+}
+
+void application::parts::make_own() {
+  const kept_locale locale(LC_ALL);
+  arguments_ = {name_.data(), option_.data(), platform_.data()};
+  argument_count_ = platform_.isEmpty() ? 1 : 3;
+  own_ = std::make_unique<QApplication>(argument_count_, arguments_.data());
+}
+
+bool application::parts::eventFilter(QObject* receiver, QEvent* event) {
+  if (receiver == qApp && event->type() == QEvent::Quit) {
+    leave_for_quit();
+    return true;
+  }
+  const bool passes = std::exchange(passing_, nullptr) == event;
+  if (passes || !comes_from_loop(*event)) return false;
+  // What a dialog of the host's on top runs is between the two.
+  if (QApplication::activeModalWidget() != running_dialog()) return false;
+  deliver(*receiver, *event);
+  return true;
+}
+
+// The loop's own code is not made for exceptions: the next loop would crash.
+void application::parts::deliver(QObject& receiver, QEvent& event) {
+  let_events_happen([&] {
+    passing_ = &event;
+    qApp->notify(&receiver, &event);
+  });
+  passing_ = nullptr;
+}
+
+// The toolkit would close the windows from the top, and quit if each goes at once, which those that
+// wait for one above them can't. So it quits once they have gone. Who refuses on top of ours is
+// somebody else's, and keeps the program.
+void application::parts::leave_for_quit() {
+  while (QWidget* top = QApplication::activeModalWidget()) {
+    if (top == running_dialog()) break;
+    if (!top->close() || top == QApplication::activeModalWidget()) return;
+  }
+  quit_is_due_ = true;
+  leave_windows();
+}
+
+application::application() : parts_(std::make_unique<parts>(claim_thread())) {}
+
 application::~application() {
-  QCoreApplication::removeTranslator(&parts_->further);
-  QCoreApplication::removeTranslator(&parts_->japanese);
+  static_cast<void>(end_leaving());
+}
+
+void application::rethrow_hosts_failure() {
+  if (const std::exception_ptr failure = end_leaving()) std::rethrow_exception(failure);
 }
 
 }  // namespace platform

@@ -15,6 +15,11 @@ constexpr std::chrono::milliseconds blink(500);
 
 thread_local steady_clock::time_point last_answer;
 
+void begin_turn() {
+  last_answer = steady_clock::now();
+  input_sink::begin_turn();
+}
+
 void swallow_after_blink() {
   if (steady_clock::now() - last_answer > blink) input_sink().swallow();
 }
@@ -26,24 +31,27 @@ busy_pointer::busy_pointer() {
 }
 
 busy_pointer::~busy_pointer() {
-  input_sink().swallow();
+  swallow_after_blink();
   QApplication::restoreOverrideCursor();
 }
 
 event_run::event_run() {
-  last_answer = steady_clock::now();
+  begin_turn();
 }
 
 event_run::~event_run() {
   swallow_after_blink();
+  input_sink::give_back_typing();
 }
 
-modal_run::modal_run() {
+modal_run::modal_run() : is_busy_outside_(QApplication::overrideCursor() != nullptr) {
   swallow_after_blink();
+  if (is_busy_outside_) QApplication::setOverrideCursor(Qt::ArrowCursor);
 }
 
 modal_run::~modal_run() {
-  last_answer = steady_clock::now();
+  if (is_busy_outside_) QApplication::restoreOverrideCursor();
+  begin_turn();
 }
 
 }  // namespace platform

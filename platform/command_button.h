@@ -8,7 +8,7 @@ namespace platform {
 
 class CommandButton : public Control {
  public:
-  /// `role` default: Enter in a field of the form presses the button.
+  /// `standard`: Enter in a field of the form presses the button.
   enum class role { plain, standard };
 
   CommandButton(Form& form, std::string name, std::string caption, role button_role = role::plain);

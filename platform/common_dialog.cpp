@@ -1,11 +1,17 @@
 #include "platform/common_dialog.h"
 
-#include <QApplication>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QFileSystemModel>
+#include <QHeaderView>
+#include <QIdentityProxyModel>
+#include <QListView>
+#include <QScreen>
+#include <QTreeView>
 
 #include "platform/busy_pointer.h"
 #include "platform/fonts.h"
+#include "platform/modal_loop.h"
 #include "platform/toolkit_peer.h"
 
 namespace platform {
@@ -23,23 +29,54 @@ QStringList name_filters(const std::string& filter) {
   return filters;
 }
 
+/// Dates as the windows write them; the toolkit's own are those of the process's locale.
+class dated_files : public QIdentityProxyModel {
+ public:
+  using QIdentityProxyModel::QIdentityProxyModel;
+
+  [[nodiscard]] QVariant data(const QModelIndex& file, int role) const override {
+    constexpr int date = 3;  // the column
+    if (role != Qt::DisplayRole || file.column() != date)
+      return QIdentityProxyModel::data(file, role);
+    const auto& files = static_cast<const QFileSystemModel&>(*sourceModel());
+    return files.lastModified(mapToSource(file)).toString("yyyy/MM/dd HH:mm");
+  }
+};
+
+/// Sizes, dates and places are shown whole; the names get what the kinds leave.
+void lay_out(QFileDialog& dialog) {
+  const QSize wanted(scaled_pixels(10500), scaled_pixels(6500));
+  dialog.resize(wanted.boundedTo(dialog.screen()->availableSize()));
+  auto& places = *dialog.findChild<QListView*>("sidebar");
+  places.setMinimumWidth(places.sizeHintForColumn(0) + 2 * places.frameWidth());
+  QHeaderView& columns = *dialog.findChild<QTreeView*>("treeView")->header();
+  columns.setResizeContentsPrecision(0);  // of files out of view
+  columns.setStretchLastSection(false);
+  columns.setSectionResizeMode(QHeaderView::ResizeToContents);
+  columns.setSectionResizeMode(0, QHeaderView::Stretch);
+  columns.setSectionResizeMode(2, QHeaderView::Interactive);
+  columns.resizeSection(2, scaled_pixels(1200));
+}
+
 // Whoever chooses one file often chooses the next one beside it. Lasts as long as the process.
 thread_local QString last_folder;
 
 }  // namespace
 
 std::string CommonDialog::ShowOpen() const {
-  QFileDialog dialog(QApplication::activeModalWidget(), to_toolkit(title_));
+  QFileDialog dialog(running_dialog(), to_toolkit(title_));
   dialog.setObjectName("openDlg");
   dialog.setFont(window_font());
   // The toolkit's own dialog: it speaks the windows' language whatever the desktop's is.
   dialog.setOption(QFileDialog::DontUseNativeDialog);
+  dialog.setProxyModel(new dated_files(&dialog));
+  lay_out(dialog);
   dialog.setFileMode(QFileDialog::ExistingFile);
   dialog.setOption(QFileDialog::HideNameFilterDetails);
   dialog.setNameFilters(name_filters(Filter));
   if (QFileInfo(last_folder).isDir()) dialog.setDirectory(last_folder);
   const modal_run run;
-  if (dialog.exec() != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
+  if (run_modally(dialog) != QDialog::Accepted || dialog.selectedFiles().isEmpty()) return {};
   last_folder = dialog.directory().absolutePath();
   return from_toolkit(dialog.selectedFiles().constFirst());
 }

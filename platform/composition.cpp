@@ -42,9 +42,10 @@ class composition_watch : public QObject {
   bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
-  /// One that is no longer shown is withdrawn, by the user's Esc or because another program's
-  /// window took the focus, of which this program learns later. A key that is let go of tells that
-  /// it was the user. Either way one input method keeps the text and sends it when asked to commit.
+  /// A composition that is no longer shown is `withdrawn`: the user has pressed Esc, or another
+  /// program's window has taken the focus, of which this program learns only afterwards. If a key
+  /// follows, it was the user, who has `given_up` the text. There are input methods that keep the
+  /// text in both cases and send it when they are asked to commit.
   enum class state { none, shown, withdrawn, given_up };
 
   bool is_dropped(QObject& receiver, const QInputMethodEvent& event);

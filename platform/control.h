@@ -25,7 +25,7 @@ class Control {
   /// What a screen reader says of the control, where its caption alone doesn't tell.
   void set_accessible_name(const std::string& text);
 
-  /// The toolkit's side of the control; opaque outside this room and the two big controls.
+  /// The toolkit's side of the control; opaque outside platform/ and controls/.
   [[nodiscard]] toolkit_peer& peer();
 
  protected:

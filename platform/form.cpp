@@ -7,6 +7,7 @@
 #include "platform/busy_pointer.h"
 #include "platform/control.h"
 #include "platform/fonts.h"
+#include "platform/modal_loop.h"
 #include "platform/toolkit_peer.h"
 #include "platform/window.h"
 
@@ -19,7 +20,10 @@ Form::Form(std::string name, std::string caption, int width, int height, frame w
       height_(height),
       frame_(window_frame) {}
 
-Form::~Form() = default;
+// If the process ends under a dialog, the window may be the owner of one that lies on the stack.
+Form::~Form() {
+  if (running_dialog()) static_cast<void>(window_.release());
+}
 
 void Form::load() {
   if (window_) return;
@@ -33,9 +37,7 @@ void Form::load() {
 }
 
 void Form::make_widgets() {
-  // A window of the host's own is no owner: the host may close it at any time.
-  window_ =
-      std::make_unique<window>(*this, dynamic_cast<window*>(QApplication::activeModalWidget()));
+  window_ = std::make_unique<window>(*this, running_dialog());
   window_->setObjectName(to_toolkit(name_));
   window_->setWindowTitle(to_toolkit(caption_));
   window_->setFont(window_font());
@@ -72,8 +74,9 @@ void Form::show() {
   load();
   {
     const modal_run run;
-    window_->exec();
+    run_modally(*window_);
   }
+  if (!unloading_) close_unasked();
   destroy_widgets();
   // A message that went just before leaves some window managers with no window to go back to.
   if (QWidget* beneath = QApplication::activeModalWidget()) beneath->activateWindow();
@@ -94,6 +97,16 @@ void Form::unload() {
     }
   } const end{*this};
   if (on_unload) on_unload();
+}
+
+void Form::close() {
+  guarded([this] { on_close ? on_close() : unload(); });
+}
+
+// What a question would have kept open goes all the same.
+void Form::close_unasked() {
+  close();
+  if (loaded() && !unloading_) guarded([this] { unload(); });
 }
 
 void Form::set_caption(std::string_view caption) {

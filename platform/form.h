@@ -57,8 +57,12 @@ class Form {
   void load();
   [[nodiscard]] bool loaded() const { return window_ != nullptr; }
 
-  /// Loads the form if need be and runs it modally; returns when it has been unloaded.
+  /// Loads the form if need be and runs it modally; returns when it has been unloaded. If the host
+  /// ends the windows, each is closed as by its frame, with every question answered by Cancel.
   void show();
+
+  /// What the frame's close box does.
+  void close();
 
   /// Runs on_unload and ends the window; a failure of on_unload reaches the caller afterwards.
   void unload();
@@ -80,6 +84,7 @@ class Form {
   void make_widgets();
   void order_tabs();
   void destroy_widgets();
+  void close_unasked();
 
   std::string name_;
   std::string caption_;

@@ -1,8 +1,10 @@
 #include "platform/label.h"
 
 #include <QFontMetrics>
+#include <QHelpEvent>
 #include <QLabel>
 #include <QPainter>
+#include <QToolTip>
 #include <utility>
 
 #include "platform/fonts.h"
@@ -13,11 +15,24 @@ namespace platform {
 
 namespace {
 
-/// Shows the beginning of a text that its width has no room for, and takes no "&" for the mark of a
-/// shortcut.
-class cut_label : public QLabel {
+/// Its whole text is its hint. As a tool tip of its own a screen reader would read it twice.
+class hinting_label : public QLabel {
  public:
   using QLabel::QLabel;
+
+ protected:
+  bool event(QEvent* event) override {
+    if (event->type() != QEvent::ToolTip) return QLabel::event(event);
+    QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), hint(text()), this);
+    return true;
+  }
+};
+
+/// Shows the beginning of a text that its width has no room for, and takes no "&" for the mark of a
+/// shortcut.
+class cut_label : public hinting_label {
+ public:
+  using hinting_label::hinting_label;
 
   [[nodiscard]] QSize sizeHint() const override {
     constexpr int letters = 24;
@@ -47,7 +62,9 @@ Label::Label(Form& form, std::string name, std::string caption, Control* buddy, 
       lines_(label_lines) {}
 
 std::unique_ptr<toolkit_peer> Label::make() {
-  auto* label = lines_ == lines::one ? new cut_label : new QLabel;
+  QLabel* label = lines_ == lines::one   ? new cut_label
+                  : lines_ == lines::two ? new hinting_label
+                                         : new QLabel;
   label->setText(to_toolkit(caption_));
   label->setTextFormat(Qt::PlainText);
   if (lines_ == lines::two) {
@@ -66,7 +83,6 @@ void Label::tie() {
 
 void Label::set_caption(const std::string& caption) {
   as<QLabel>(peer()).setText(to_toolkit(caption));
-  if (lines_ != lines::as_needed) as<QLabel>(peer()).setToolTip(hint(to_toolkit(caption)));
 }
 
 }  // namespace platform

@@ -1,7 +1,5 @@
 #include "platform/one_line_text.h"
 
-#include <QRegularExpression>
-
 namespace platform {
 namespace {
 
@@ -12,12 +10,24 @@ std::size_t characters(const QString& text) {
   return count;
 }
 
+bool is_break(QChar unit) {
+  return unit == '\r' || unit == '\n' || unit == '\t' || unit == QChar::LineSeparator ||
+         unit == QChar::ParagraphSeparator;
+}
+
 }  // namespace
 
+// Without a pattern: those of the toolkit find nothing in a text that has half an emoji.
 QString on_one_line(QString text) {
-  static const QRegularExpression last_breaks(R"([\r\n\t\x{2028}\x{2029}]+\z)");
-  static const QRegularExpression breaks(R"([\r\n\t\x{2028}\x{2029}]+)");
-  return text.remove(last_breaks).replace(breaks, " ");
+  while (!text.isEmpty() && is_break(text.back())) text.chop(1);
+  QString line;
+  bool after_break = false;
+  for (const QChar unit : text) {
+    if (!is_break(unit)) line += unit;
+    if (is_break(unit) && !after_break) line += ' ';
+    after_break = is_break(unit);
+  }
+  return line;
 }
 
 QValidator::State one_line_text::validate(QString& text, int& cursor) const {

@@ -1,6 +1,7 @@
 #include "platform/tool_button.h"
 
 #include <QAccessibleWidget>
+#include <QKeyEvent>
 
 namespace platform {
 namespace {
@@ -44,8 +45,17 @@ QAccessibleInterface* make_access(const QString&, QObject* object) {
 
 }  // namespace
 
-tool_button::tool_button() {
-  QAccessible::installFactory(make_access);  // once, however often it is asked
+told_tool_buttons::told_tool_buttons() {
+  QAccessible::installFactory(make_access);
+}
+
+told_tool_buttons::~told_tool_buttons() {
+  QAccessible::removeFactory(make_access);
+}
+
+void tool_button::keyPressEvent(QKeyEvent* event) {
+  const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
+  enter ? click() : QToolButton::keyPressEvent(event);
 }
 
 }  // namespace platform

@@ -4,11 +4,20 @@
 
 namespace platform {
 
-/// A toolbar's button. A screen reader that presses it gets its answer at once, also where the
-/// press opens a window.
+/// A toolbar's button, which Enter presses, too. A screen reader that presses it gets its answer at
+/// once, also where the press opens a window.
 class tool_button : public QToolButton {
+ protected:
+  void keyPressEvent(QKeyEvent* event) override;
+};
+
+/// Tells screen readers of the tool buttons, as long as it lives.
+class told_tool_buttons {
  public:
-  tool_button();
+  told_tool_buttons();
+  told_tool_buttons(const told_tool_buttons&) = delete;
+  told_tool_buttons& operator=(const told_tool_buttons&) = delete;
+  ~told_tool_buttons();
 };
 
 }  // namespace platform

@@ -11,6 +11,7 @@
 
 #include "platform/fonts.h"
 #include "platform/input_sink.h"
+#include "platform/modal_loop.h"
 #include "platform/toolkit_peer.h"
 
 namespace platform {
@@ -54,7 +55,7 @@ struct waiting_note::parts {
 };
 
 waiting_note::waiting_note(std::string_view text)
-    : parts_(std::make_unique<parts>(QApplication::activeModalWidget())) {
+    : parts_(std::make_unique<parts>(running_dialog())) {
   QFrame& frame = parts_->frame;
   frame.setObjectName("waiting_note");
   frame.setFont(window_font());
@@ -82,7 +83,7 @@ waiting_note::~waiting_note() {
 
 bool waiting_note::goes_on() {
   parts_->sink.swallow();
-  return !parts_->was_pressed && !parts_->sink.met_escape();
+  return !windows_are_left() && !parts_->was_pressed && !parts_->sink.met_escape();
 }
 
 }  // namespace platform

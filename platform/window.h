@@ -23,11 +23,10 @@ class window : public QDialog {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void paintEvent(QPaintEvent* event) override;
   bool eventFilter(QObject* receiver, QEvent* event) override;
 
  private:
-  void close_form();
-
   Form& form_;
   std::shared_ptr<composition_watch> compositions_ = watch_compositions();
 };

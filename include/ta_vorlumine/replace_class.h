@@ -21,6 +21,9 @@ class TA_VORLUMINE_API replaceClass {
   /// from std::runtime_error, its text in UTF-8, if the store can't be opened or read, if the
   /// thread can show no window, or if the browser runs on this thread already. A later call works.
   void replace_show();
+
+  /// The version of the library that runs, such as "1.2.3".
+  [[nodiscard]] static const char* version() noexcept;
 };
 
 }  // namespace ta_vorlumine

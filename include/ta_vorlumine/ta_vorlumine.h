@@ -24,6 +24,9 @@ extern "C" {
 
 typedef struct ta_vorlumine_editor ta_vorlumine_editor;
 
+/* The version of the library that runs, such as "1.2.3". */
+TA_VORLUMINE_API const char* ta_vorlumine_version(void);
+
 /* Makes an editor without a connection string, to be given to ta_vorlumine_destroy in the end.
  * Null if there is no memory. */
 TA_VORLUMINE_API ta_vorlumine_editor* ta_vorlumine_create(void);
