@@ -117,6 +117,8 @@ void replaceForm::show_editor() {
   form<replace_create>().window.show();
   Init_ToolBar();
   init_form();
+  const std::string edited = std::to_string(f_replace_no);
+  if (SSTree1.Nodes.Has(edited)) SSTree1.move_keyboard(SSTree1.Nodes.Item(edited));
 }
 
 std::int64_t replaceForm::getfrom_seqno(std::string_view name) {

@@ -83,7 +83,7 @@ void replaceForm::drop_on_tree() {
   const Node target = SSTree1.DropHighlight();
   SSTree1.DropHighlight(Node());
   drag_running = false;
-  if (target.is_empty()) return;
+  if (target.is_empty() || drag_source_node.is_empty()) return;
   file_title_node(drag_source_node, target);
 }
 

@@ -60,18 +60,21 @@ void replaceFolder::add_folder(const std::string& name) {
   in_transaction(browser.conn, [&] {
     hold_title_row(browser.conn, shared().selected_key());
     if (is_stored(tried_key_, name)) return;
-    tried_key_ = checked_key(next_title_key(browser.conn));
+    const row_key key = checked_key(next_title_key(browser.conn));
     browser.conn.Execute(
         sql("INSERT INTO replace(replace_no,p_replace_no,kind,title,replace_m_no) "
             "VALUES( <new key>,<basNodeKey> ,'F','<name>',0)",
-            {tried_key_, browser.basNodeKey, name}));
+            {key, browser.basNodeKey, name}));
     browser.update_seqno("replace");
+    // Not before: a key that was refused is that of another program's folder, perhaps of this name.
+    tried_key_ = key;
   });
   browser.atNode =
       browser.SSTree1.Nodes.AddChild(browser.basNodeKey, std::to_string(tried_key_), name, "0");
   show_as_row(browser.atNode);
   browser.show_as_folder(browser.atNode);
   browser.atNode.parent().Expanded(true);
+  browser.SSTree1.move_keyboard(browser.atNode);
 }
 
 bool replaceFolder::is_stored(row_key key, const std::string& name) {

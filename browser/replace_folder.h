@@ -29,7 +29,7 @@ class replaceFolder {
   void rename_folder(const std::string& name);
   [[nodiscard]] static bool is_stored(row_key key, const std::string& name);
 
-  row_key tried_key_ = 0;  // of the folder that this opening has tried to add
+  row_key tried_key_ = 0;  // of the folder whose row this opening has written, committed or not
 };
 
 }  // namespace ta_vorlumine

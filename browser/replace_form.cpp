@@ -32,7 +32,7 @@ replaceForm::replaceForm()
   window.on_key_down = [this](int& code, int shift) {
     if (window.active_control() == SSTree1.name()) swallow_clipboard_keys(code, shift);
   };
-  // The look ends here if the store is out of reach, and the tree stays as it was.
+  // Probe the connection first: if it is down this throws, and the tree on screen is kept.
   window.on_failure = [this] {
     Init_ToolBar();
     static_cast<void>(conn.Execute("select replace_no from replace where replace_no=0"));

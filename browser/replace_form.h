@@ -82,7 +82,7 @@ class replaceForm {
   void show_editor();
 
   void move_title_node(const Node& source, const Node& target);
-  /// What a drop does, and the menu: nothing onto a namesake.
+  /// What a drop and the menu do: moves the node, unless both bear the same text.
   void file_title_node(const Node& source, const Node& target);
   void press_on_tree(int x, int y);
   void move_on_tree(int buttons);

@@ -1,13 +1,14 @@
 #include <exception>
 
 #include "browser/replace_form.h"
+#include "rules/outdated_view.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
 namespace {
 
-/// A step that fails leaves its part of the window as it is, so that a row that another program has
-/// taken away costs no more than its own buttons. False then; the next step runs all the same.
+/// A step that fails leaves its part of the window as it is. False then; the next step runs all the
+/// same.
 template <class Step>
 bool try_step(Step step) {
   try {
@@ -32,6 +33,8 @@ void replaceForm::select_node(const Node& node) {
     basCopyRs.Close();
     Init_ToolBar();
   }
+  // Without its row a node would allow nothing for ever, and nobody would know why.
+  if (was_read && basNodeKey != "0" && basCopyRs.eof()) throw vanished_row();
   try_step([this] {
     Label1.set_caption(basCopyRs.eof() ? "" : basCopyRs.Fields().Item("comment").Value().text());
   });

@@ -3,6 +3,7 @@
 #include <cstddef>
 #include <utility>
 
+#include "controls/tree/ss_tree.h"
 #include "rules/failure_words.h"
 #include "rules/shared_state.h"
 #include "store/sql.h"
@@ -41,8 +42,6 @@ const char* picture_for(ADODB::Recordset values) {
   return "cond";
 }
 
-constexpr int most_levels = 2000;  // the toolkit's view of more would use up a small stack
-
 bool ends_reading(const ADODB::Error& failure) {
   return failure.kind() == ADODB::failure_kind::lost_connection ||
          failure.kind() == ADODB::failure_kind::busy;
@@ -56,8 +55,9 @@ title_rows::title_rows(ADODB::Connection& conn) : level_{{subject::children, 0, 
     read_level(conn);
     if (!level_.empty()) continue;
     level_ = std::exchange(next_level_, {});
-    if (!level_.empty() && ++levels == most_levels)
-      ended_by_ = "フォルダの階層が深すぎるため、2000階層より下は表示されません。";
+    if (!level_.empty() && ++levels == SSTree::most_levels)
+      ended_by_ = "フォルダの階層が深すぎるため、" + std::to_string(SSTree::most_levels) +
+                  "階層より下は表示されません。";
   }
 }
 

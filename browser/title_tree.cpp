@@ -5,6 +5,7 @@
 #include "browser/replace_form.h"
 #include "browser/title_rows.h"
 #include "controls/tree/tree_filling.h"
+#include "platform/busy_pointer.h"
 #include "platform/messages.h"
 #include "rules/failure_words.h"
 
@@ -27,7 +28,9 @@ bool done_or_told(const std::function<void()>& step) {
 void replaceForm::init_form() {
   Init_ToolBar();
   basNodeKey = "0";
+  drag_source_node = Node();
   Label1.set_caption("");
+  const platform::busy_pointer busy;
   const title_rows rows(conn);
   fill_tree(rows);
   if (!rows.ended_by().empty()) platform::message(rows.ended_by());
@@ -79,6 +82,7 @@ void replaceForm::add_title_node(const title_rows& rows, const ADODB::Fields& ro
     show_as_folder(node);
   } else if (kind == "C") {
     node.Tag(key);
+    node.kind("置換定義");
     node.Image(rows.picture(row.Item("replace_no").Value().number()));
   }
 }
@@ -86,6 +90,7 @@ void replaceForm::add_title_node(const title_rows& rows, const ADODB::Fields& ro
 void replaceForm::show_as_folder(const Node& node) {
   node.Image("close");
   node.ExpandedImage("open");
+  node.kind("フォルダ");
 }
 
 }  // namespace ta_vorlumine

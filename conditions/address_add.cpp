@@ -17,7 +17,7 @@ namespace {
 
 using ADODB::sql;
 
-/// A definition that another program made may have no key for its top field yet.
+/// Draws a key for the definition's top field, and keeps it in the definition's own row.
 std::int16_t reserve_top_key() {
   auto& state = shared();
   const std::int16_t key = checked_key(next_rule_key(state.conn, state.f_replace_no));
@@ -26,24 +26,20 @@ std::int16_t reserve_top_key() {
   return key;
 }
 
-/// Rows that were left behind under the key when its row was deleted would hang under the new
-/// field. A row that has the key itself hangs elsewhere, and the key is not free.
-void clear_top_key(row_key key) {
+bool is_taken(row_key key) {
   auto& state = shared();
-  const ADODB::Recordset taken =
-      state.conn.Execute(sql("select replace_m_no from replace_m where replace_no=<f_replace_no> "
-                             "and replace_m_no=<key>",
-                             {state.f_replace_no, key}));
-  if (!taken.eof()) throw occupied_branch();
-  delete_branch(state.conn, state.f_replace_no, key);
+  return !state.conn
+              .Execute(sql("select replace_m_no from replace_m where replace_no=<f_replace_no> "
+                           "and replace_m_no=<key>",
+                           {state.f_replace_no, key}))
+              .eof();
 }
 
-/// The key for a new row under the selected node. The definition keeps one key for its top field,
-/// which is free, or else no other number would do.
-std::int16_t key_for_field() {
-  auto& state = shared();
-  if (state.basNodeKey != "0") return checked_key(next_rule_key(state.conn, state.f_replace_no));
-  return state.f_replace_m_no == 0 ? reserve_top_key() : state.f_replace_m_no;
+/// The key that the definition has reserved. Another program may have made the definition without
+/// one, or may have left a row there that hangs below no other row, so that no tree shows it.
+std::int16_t top_key() {
+  const std::int16_t reserved = shared().f_replace_m_no;
+  return reserved == 0 || is_taken(reserved) ? reserve_top_key() : reserved;
 }
 
 /// Gives the key of the new row.
@@ -51,8 +47,11 @@ std::int16_t insert_field(const std::string& field_id) {
   auto& state = shared();
   hold_title_row(state.conn, state.f_replace_no);
   require_empty_branch(state.conn, state.f_replace_no, state.selected_key());
-  const std::int16_t key = key_for_field();
-  if (state.basNodeKey == "0") clear_top_key(key);
+  const bool is_top = state.basNodeKey == "0";
+  const std::int16_t key =
+      is_top ? top_key() : checked_key(next_rule_key(state.conn, state.f_replace_no));
+  // Rows that were left behind under the key would hang under the new field.
+  if (is_top) delete_branch(state.conn, state.f_replace_no, key);
   state.conn.Execute(
       sql("insert into replace_m(replace_m_no,p_replace_m_no,use_type,field_id,replace_no) "
           "values(<new key>,<basNodeKey>,'F','<field_id>',<f_replace_no>)",

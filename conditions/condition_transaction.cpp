@@ -42,7 +42,7 @@ void condition_transaction::run(const std::function<void()>& work) {
   // After a lost connection the dialog may stand here without a transaction; writing without one
   // would make its deletes final.
   if (!shared().conn.in_transaction()) begin();
-  // What a lost connection has taken with it is nothing that OK wouldn't do again.
+  // The deletions that a lost connection took back need no repetition: OK writes all lines anew.
   const auto begin_again = [] { begin_anew(ADODB::purpose::writing); };
   with_undo([&] { run_while_in_between(work, begin_again, is_lost); },
             [] { begin_anew(ADODB::purpose::looking); });

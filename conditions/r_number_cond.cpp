@@ -47,7 +47,7 @@ bool check_number_row(const line_cells& row, int number) {
   return false;
 }
 
-// A copy makes a bound of 0 without a method out of a bound that is absent.
+// A copied definition holds a bound of 0 without a method where its source has no bound.
 void empty_absent_bound(VSFlexGrid& fg, int row, std::size_t value, std::size_t method) {
   const int col = static_cast<int>(value);
   const bool absent = fg.TextMatrix(row, static_cast<int>(method)).empty() &&

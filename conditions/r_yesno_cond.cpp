@@ -2,6 +2,7 @@
 
 #include "platform/messages.h"
 #include "rules/condition_rows.h"
+#include "rules/record_values.h"
 #include "rules/row_checks.h"
 #include "rules/shared_state.h"
 #include "rules/with_undo.h"
@@ -32,7 +33,7 @@ void insert_line() {
 
 /// The line's answer; null if the condition has no line or no answer.
 ADODB::Value answer_of(const ADODB::Recordset& lines) {
-  return lines.eof() ? ADODB::Value() : lines.Fields().Item("b_val").Value();
+  return lines.eof() ? ADODB::Value() : column(lines, "b_val");
 }
 
 }  // namespace

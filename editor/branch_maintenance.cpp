@@ -19,6 +19,7 @@ void replace_create::ins_yiwai() {
   state.atNode.parent().Expanded(true);
   show_as_row(state.atNode);
   state.atNode.Image("cond");
+  state.atNode.kind("以外の条件");
 }
 
 void replace_create::DeleteChild(const std::string& P_ID) {

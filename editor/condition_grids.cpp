@@ -11,8 +11,8 @@ namespace {
 
 using platform::form;
 
-/// Naming the field loads the dialog, and with it starts its transaction, before the grid is
-/// filled. A dialog that can't be filled is unloaded, which ends the transaction.
+/// Setting the caption of the label loads the dialog, and so starts its transaction, before the
+/// grid is filled. A dialog that can't be filled is unloaded, which ends the transaction.
 template <class Fill>
 void show_with_field(platform::Form& window, platform::Label& label, Fill fill) {
   label.set_caption(shared().f_fieldname);

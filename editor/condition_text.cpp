@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "platform/messages.h"
+#include "rules/record_values.h"
 #include "rules/shared_state.h"
 #include "store/sql.h"
 
@@ -17,10 +18,6 @@ constexpr suffixes text_suffixes{nullptr, "（部分一致）", "（先頭一致
 constexpr suffixes from_suffixes{"", "から", "から（含まない）", ""};
 constexpr suffixes to_suffixes{"", "まで", "まで（含まない）", ""};
 
-ADODB::Value column(const ADODB::Recordset& line, std::string_view name) {
-  return line.Fields().Item(name).Value();
-}
-
 bool is_otherwise(const ADODB::Recordset& condition) {
   return column(condition, "replace_cond_type").text() == "1";
 }
@@ -32,7 +29,7 @@ const char* suffix(const suffixes& of, const ADODB::Value& method) {
   return number < of.size() ? of[number] : of[0];
 }
 
-// A copy makes a number bound of 0 without a method out of a bound that is absent.
+// A copied definition holds a number bound of 0 without a method where its source has no bound.
 std::string bound(const ADODB::Recordset& line, const std::string& end, const suffixes& of) {
   if (end.starts_with('n') && column(line, end + "_method").is_null() &&
       column(line, end + "_val").text() == "0") {

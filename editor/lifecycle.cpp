@@ -2,6 +2,7 @@
 #include "platform/busy_pointer.h"
 #include "rules/definition_copy.h"
 #include "rules/outdated_view.h"
+#include "rules/record_values.h"
 #include "rules/with_undo.h"
 #include "store/sql.h"
 
@@ -20,7 +21,8 @@ void replace_create::load() {
   }
   with_undo([this] { open_definition(); },
             [&] {
-              // Without its editor a new definition has no title, and a copy that of its source.
+              // A new definition has no title yet and a copy has its source's. Without the editor
+              // the user could give them none, so they go again.
               if (state.mode() == edit_mode::edit_definition) return;
               discard_definition(state.conn, state.f_replace_no);
             });
@@ -28,7 +30,7 @@ void replace_create::load() {
 
 void replace_create::open_definition() {
   loaded_ = {stored_fields(), {}, {}};
-  // The root counts as selected, and a value is what it takes without a further look.
+  // A new definition may get its value at once: until the first click the root counts as selected.
   if (shared().mode() == edit_mode::new_definition) {
     Toolbar1.enable(cond_val_set_button, true);
   } else {
@@ -46,9 +48,9 @@ void replace_create::fill_fields() {
   const bool copied = shared().mode() == edit_mode::copy_definition;
   rows = shared().conn.Execute(sql(copied ? select_of_copy : select, {shared().basNodeKey}));
   if (rows.eof()) throw vanished_row();
-  Text1.set_text(rows.Fields().Item("title").Value().text());
+  Text1.set_text(column(rows, "title").text());
   // An empty remark is stored as a blank, which would stand before what the user types.
-  const std::string remark = rows.Fields().Item("comment").Value().text();
+  const std::string remark = column(rows, "comment").text();
   Text2.set_text(remark == " " ? "" : remark);
   loaded_.shown_title = Text1.text();
   loaded_.shown_remark = Text2.text();

@@ -6,6 +6,7 @@
 #include "rules/branch_deletion.h"
 #include "rules/condition_rows.h"
 #include "rules/outdated_view.h"
+#include "rules/record_values.h"
 #include "rules/transaction.h"
 #include "store/sql.h"
 
@@ -13,10 +14,6 @@ namespace ta_vorlumine {
 namespace {
 
 using ADODB::sql;
-
-ADODB::Value column(const ADODB::Recordset& row, std::string_view name) {
-  return row.Fields().Item(name).Value();
-}
 
 void delete_row(row_key key) {
   shared().conn.Execute(

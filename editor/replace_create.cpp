@@ -38,6 +38,7 @@ replace_create::replace_create()
   window.on_key_down = [this](int& code, int shift) {
     if (window.active_control() == SSTree1.name()) swallow_clipboard_keys(code, shift);
   };
+  Toolbar1.rest = &SSTree1;
   Toolbar1.on_button_click = [this](const std::string&, int position) { press(position); };
   SSTree1.on_node_click = [this](const Node& node) { select_node(node); };
   using key = node_command::key;

@@ -80,7 +80,9 @@ class replace_create {
 
   void look_up_all(ADODB::Recordset rows);
   void look_up(const ADODB::Recordset& row);
-  void add_rule_nodes();
+  /// False if rows were left out because they are nested too deep; so does add_rule_nodes().
+  bool fill_tree();
+  bool add_rule_nodes();
   void add_rule_node(const ADODB::Recordset& row);
 
   void select_node(const Node& node);
@@ -107,7 +109,8 @@ class replace_create {
   void remove_nodes(const std::vector<row_key>& keys);
 
   void exit();
-  void exit_untitled();
+  [[nodiscard]] bool discard_untitled();
+  [[nodiscard]] bool store_checked_title();
   [[nodiscard]] bool store_title();
   [[nodiscard]] static bool may_leave_unsaved(const ADODB::Error& failure);
 

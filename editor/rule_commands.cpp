@@ -4,6 +4,7 @@
 #include "rules/condition_rows.h"
 #include "rules/key_counters.h"
 #include "rules/outdated_view.h"
+#include "rules/record_values.h"
 #include "store/sql.h"
 #include "values/set_value.h"
 
@@ -12,10 +13,6 @@ namespace {
 
 using ADODB::sql;
 using platform::form;
-
-ADODB::Value column(const ADODB::Recordset& rows, std::string_view name) {
-  return rows.Fields().Item(name).Value();
-}
 
 }  // namespace
 
@@ -71,7 +68,7 @@ void replace_create::mend_lone_condition() {
   if (lone && (child.is_empty() || child.Text() != "以外")) ins_yiwai();
 }
 
-// The look-up takes the name as it is, so one with an apostrophe has no statement to go into.
+// Fields whose name holds an apostrophe are not supported: the field picker refuses them, too.
 bool replace_create::read_field_attr() {
   if (f_fieldname.find('\'') != std::string::npos) {
     platform::message("項目名に「'」が含まれているため、条件を設定できません。");

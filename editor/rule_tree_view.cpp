@@ -1,10 +1,15 @@
 #include <optional>
+#include <queue>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
 #include "controls/tree/tree_filling.h"
 #include "editor/condition_text.h"
 #include "editor/replace_create.h"
+#include "platform/busy_pointer.h"
+#include "platform/messages.h"
+#include "rules/record_values.h"
 #include "store/sql.h"
 
 namespace ta_vorlumine {
@@ -12,8 +17,8 @@ namespace {
 
 using ADODB::sql;
 
-std::string text_of(const ADODB::Recordset& row, std::string_view column) {
-  return row.Fields().Item(column).Value().text();
+std::string text_of(const ADODB::Recordset& row, std::string_view name) {
+  return column(row, name).text();
 }
 
 /// Whether the row is an otherwise branch with a condition behind it. Other programs may leave an
@@ -44,16 +49,24 @@ std::optional<ADODB::statement> look_up_of(const ADODB::Recordset& row) {
 void replace_create::init_tree() {
   auto& state = shared();
   state.basNodeKey = "0";
+  const platform::busy_pointer busy;
   // Read before the tree is emptied: a store that is out of reach leaves it as it was.
   state.basCopyRs =
       state.conn.Execute(sql("select * from replace_m where replace_no=<f_replace_no> "
                              "ORDER BY P_REPLACE_M_NO,replace_cond_type,replace_m_no",
                              {state.f_replace_no}));
   look_up_all(state.basCopyRs);
-  const tree_filling filling(SSTree1, ImageList1, "置換条件");
-  state.atNode = filling.root();
-  add_rule_nodes();
+  const bool is_whole = fill_tree();
   looked_up_.clear();
+  if (is_whole) return;
+  platform::message("分岐の階層が深すぎるため、" + std::to_string(SSTree::most_levels) +
+                    "階層より下は表示されません。");
+}
+
+bool replace_create::fill_tree() {
+  const tree_filling filling(SSTree1, ImageList1, "置換条件");
+  shared().atNode = filling.root();
+  return add_rule_nodes();
 }
 
 void replace_create::look_up_all(ADODB::Recordset rows) {
@@ -85,27 +98,40 @@ void replace_create::look_up(const ADODB::Recordset& row) {
 // Every row that this editor writes comes after its parent, and the otherwise branch last. What
 // other programs wrote may not: such rows wait until the others are there, and those that no parent
 // comes for are left out.
-void replace_create::add_rule_nodes() {
+bool replace_create::add_rule_nodes() {
   auto& rows = shared().basCopyRs;
-  std::vector<ADODB::Recordset> waiting;
-  const auto has_parent = [this](const ADODB::Recordset& row) {
-    return SSTree1.Nodes.Has(text_of(row, "p_replace_m_no"));
+  std::unordered_map<std::string, std::vector<ADODB::Recordset>> waiting;  // by their parent
+  std::queue<std::string> added({"0"});
+  std::unordered_map<std::string, int> levels{{"0", 0}};  // of the rows that were added
+  bool is_whole = true;
+  const auto may_hang_below = [&](const std::string& parent) {
+    if (!levels.contains(parent) || !SSTree1.Nodes.Has(parent)) return false;
+    const bool is_too_deep = levels[parent] >= SSTree::most_levels;
+    if (is_too_deep) is_whole = false;
+    return !is_too_deep;
+  };
+  const auto keep_level = [&](const std::string& key, const std::string& parent) {
+    added.push(key);
+    levels[key] = levels[parent] + 1;
   };
   for (; !rows.eof(); rows.MoveNext()) {
-    if (has_parent(rows) && !is_otherwise_too_early(rows)) {
+    const std::string parent = text_of(rows, "p_replace_m_no");
+    if (may_hang_below(parent) && !is_otherwise_too_early(rows)) {
       initone();
+      keep_level(key_of(rows), parent);
     } else {
-      waiting.push_back(rows);
+      waiting[parent].push_back(rows);
     }
   }
-  for (std::size_t before = 0; before != waiting.size();) {
-    before = waiting.size();
-    std::erase_if(waiting, [&](const ADODB::Recordset& row) {
-      const bool ready = has_parent(row);
-      if (ready) add_rule_node(row);
-      return ready;
-    });
+  for (; !added.empty(); added.pop()) {
+    const std::string parent = added.front();
+    for (const ADODB::Recordset& row : waiting[parent]) {
+      if (!may_hang_below(parent)) break;
+      add_rule_node(row);
+      keep_level(key_of(row), parent);
+    }
   }
+  return is_whole;
 }
 
 void replace_create::initone() {
@@ -124,12 +150,15 @@ void replace_create::add_rule_node(const ADODB::Recordset& row) {
     state.atNode = SSTree1.Nodes.AddChild(parent, key, field);
     state.atNode.Image("close");
     state.atNode.ExpandedImage("open");
+    state.atNode.kind("項目");
   } else if (use_type == "C") {
     state.atNode = SSTree1.Nodes.AddChild(parent, key, condition_text(row, state.basRS));
     state.atNode.Image("cond");
+    state.atNode.kind(text_of(row, "replace_cond_type") == "1" ? "以外の条件" : "条件");
   } else if (use_type == "R") {
     state.atNode = SSTree1.Nodes.AddChild(parent, key, text_of(row, "replace_title"));
     state.atNode.Image("val");
+    state.atNode.kind("置換値");
   } else {
     return;
   }

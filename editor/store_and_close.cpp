@@ -3,6 +3,7 @@
 #include "editor/replace_create.h"
 #include "platform/messages.h"
 #include "rules/failure_words.h"
+#include "rules/record_values.h"
 #include "rules/row_checks.h"
 #include "rules/text_limits.h"
 #include "rules/transaction.h"
@@ -47,25 +48,31 @@ std::string objection(const std::string& title) {
 }  // namespace
 
 void replace_create::exit() {
-  const std::string title = Text1.text();
-  if (title.empty()) return exit_untitled();
-  if (const std::string wrong = objection(title); !wrong.empty()) {
-    platform::message(wrong);
-    return Text1.set_focus();
-  }
   try {
-    while (!store_title()) {
-      if (!platform::ask("タイトルまたは備考が他のプログラムによって変更されています。"
-                         "上書きしてもよろしいですか")) {
-        return;
-      }
-    }
+    const bool may_close = Text1.text().empty() ? discard_untitled() : store_checked_title();
+    if (!may_close) return;
   } catch (const vanished_row& gone) {
     platform::message(gone.what());  // there is nothing left to edit
   } catch (const ADODB::Error& failure) {
     if (!may_leave_unsaved(failure)) return;
   }
   window.unload();
+}
+
+/// False if the title is refused, or the user would rather not write over another program's change.
+bool replace_create::store_checked_title() {
+  if (const std::string wrong = objection(Text1.text()); !wrong.empty()) {
+    platform::message(wrong);
+    Text1.set_focus();
+    return false;
+  }
+  while (!store_title()) {
+    if (!platform::ask("タイトルまたは備考が他のプログラムによって変更されています。"
+                       "上書きしてもよろしいですか")) {
+      return false;
+    }
+  }
+  return true;
 }
 
 /// A store that stays out of reach or takes no more must not keep the user in the editor.
@@ -78,9 +85,10 @@ bool replace_create::may_leave_unsaved(const ADODB::Error& failure) {
       words_for(failure));
 }
 
-/// False if another program has changed what the user is about to write over; the next call does
-/// write over it. What the user hasn't typed into is written back just as it was stored, and stays
-/// as another program has changed it.
+/// False, and nothing is written, if the user has typed and another program has changed the title
+/// or the remark meanwhile; the next call writes over that change. Where the user has typed
+/// nothing, another program's change stands. A field that was not typed into is written back just
+/// as it was stored, also if it holds bytes that are no text.
 bool replace_create::store_title() {
   auto& state = shared();
   const bool typed = Text1.text() != loaded_.shown_title || Text2.text() != loaded_.shown_remark;
@@ -120,15 +128,18 @@ replace_create::title_fields replace_create::stored_fields() {
   const ADODB::Recordset row = shared().conn.Execute(sql(
       "select title,comment from replace where replace_no=<basNodeKey>", {shared().f_replace_no}));
   if (row.eof()) throw vanished_row();
-  return {row.Fields().Item("title").Value().text(), row.Fields().Item("comment").Value().text()};
+  return {column(row, "title").text(), column(row, "comment").text()};
 }
 
-void replace_create::exit_untitled() {
+/// Deletes a definition that has neither title nor rules. False if it has rules, which need a
+/// title.
+bool replace_create::discard_untitled() {
   auto& state = shared();
   // After a failure the tree may show less than there is.
   bool has_rules = SSTree1.Nodes.Count() >= 2;
   if (!has_rules) {
     in_transaction(state.conn, [&] {
+      // Holds the definition as hold_title_row() would, but one that is gone already is no failure.
       state.conn.Execute(
           sql("update replace set kind=kind where replace_no=<up_replace_no>", {up_replace_no}));
       has_rules = has_children(state.conn, up_replace_no, 0);
@@ -137,9 +148,10 @@ void replace_create::exit_untitled() {
           sql("delete from replace where replace_no=<up_replace_no>", {up_replace_no}));
     });
   }
-  if (!has_rules) return window.unload();
+  if (!has_rules) return true;
   platform::message("タイトルを入力してください。");
   Text1.set_focus();
+  return false;
 }
 
 }  // namespace ta_vorlumine

@@ -4,6 +4,7 @@
 
 #include "rules/key_counters.h"
 #include "rules/outdated_view.h"
+#include "rules/record_values.h"
 #include "store/key_counters.h"
 #include "store/sql.h"
 
@@ -33,7 +34,7 @@ row_key insert_otherwise_row(ADODB::Connection& conn, row_key definition, row_ke
 }
 
 row_key lines_of(const ADODB::Recordset& row) {
-  const ADODB::Value number = row.Fields().Item("replace_cond_no").Value();
+  const ADODB::Value number = column(row, "replace_cond_no");
   return number.is_null() ? 0 : number.number();
 }
 

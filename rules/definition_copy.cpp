@@ -34,8 +34,8 @@ constexpr ADODB::words line_row =
     "VALUES ( %01 , %02 , '%03' , '%04' , '%05' , '%06' , '%07' , '%08' , '%09' , '%10' , %11 , "
     "'%12' , %13 , %14 , %15 )";
 
-std::int64_t whole(const ADODB::Recordset& row, const std::string& column) {
-  return row.Fields().Item(column).Value().number();
+std::int64_t whole(const ADODB::Recordset& row, std::string_view name) {
+  return column(row, name).number();
 }
 
 /// For a place that takes no empty text: null stays null.

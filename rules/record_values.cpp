@@ -1,6 +1,6 @@
-#include <exception>
-
 #include "rules/record_values.h"
+
+#include <exception>
 
 namespace ta_vorlumine {
 namespace {
@@ -13,9 +13,13 @@ std::string doubled(const std::string& text) {
 
 }  // namespace
 
+ADODB::Value column(const ADODB::Recordset& rs, std::string_view name) {
+  return rs.Fields().Item(name).Value();
+}
+
 std::string record_text(const ADODB::Recordset& rs, const std::string& fid) {
   try {
-    return rs.Fields().Item(fid).Value().text();
+    return column(rs, fid).text();
   } catch (const std::exception&) {
     return {};
   }
@@ -27,8 +31,7 @@ std::string GetRecordValue(const ADODB::Recordset& rs, const std::string& fid) {
 
 std::string GetRecordNum(const ADODB::Recordset& rs, const std::string& fid) {
   try {
-    const ADODB::Value value = rs.Fields().Item(fid).Value();
-    const std::string text = value.text();  // of null it is empty
+    const std::string text = column(rs, fid).text();  // of null it is empty
     return text.empty() ? "0" : text;
   } catch (const std::exception&) {
     return "0";

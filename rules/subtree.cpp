@@ -23,7 +23,8 @@ subtree::subtree(ADODB::Connection& conn, row_key top, std::string key,
   }
 }
 
-// On a way of its own, as a tree may be deeper than the stack.
+// Keeps its way down in a vector instead of calling itself: a tree may be deeper than the stack
+// allows.
 void subtree::walk(const std::function<void(const ADODB::Fields&)>& first,
                    const std::function<void(row_key)>& last) {
   for (std::vector<row_key> way{top_}; !way.empty();) {

@@ -48,9 +48,18 @@ TEST_F(FieldPicker, AddsTheChosenFieldUnderACondition) {
 }
 
 TEST_F(FieldPicker, TheTopFieldTakesItsReservedKeyAndStillAdvancesTheCounter) {
-  edit_at("空", "置換条件", "addr_set", [] { pick("氏名"); });
+  store.run(  // left behind when another program deleted the field above it
+      "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,replace_cond_type) "
+      "values(2,15,21,'C','1')");
+  edit_at("空", "置換条件", "addr_set", [] {
+    pick("氏名");
+    EXPECT_EQ(tree_lines(), (rows{"置換条件", "  氏名"}));
+  });
   EXPECT_EQ(rules(2, "replace_m_no,p_replace_m_no,field_id"), (rows{"21|0|F1"}));
   EXPECT_EQ(counters(), "33|41|7");
+  store.run("update replace_m set p_replace_m_no=999 where replace_no=2");  // no tree shows it now
+  edit_at("空", "置換条件", "addr_set", [] { pick("氏名"); });
+  EXPECT_EQ(fields(2), (rows{"21|999|F1|null", "42|0|F1|null"}));
 }
 
 TEST_F(FieldPicker, ANameThatCannotBeLookedUpIsToldAndNothingIsWritten) {

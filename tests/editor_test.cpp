@@ -2,6 +2,7 @@
 #include <QWidget>
 
 #include "common_rules.h"
+#include "editor/replace_create.h"
 
 using namespace harness;
 
@@ -106,6 +107,44 @@ TEST_F(Editor, ShowsRowsThatOtherProgramsWrote) {
   });
 }
 
+TEST_F(Editor, LeavesOutAndTellsWhatIsNestedTooDeep) {
+  const std::string chain =
+      " with recursive n(i) as (select 100 union all select i+1 from n where i<2101) select ";
+  store.run("insert into replace(replace_no,p_replace_no,kind,title)" + chain +
+            "i,case when i=100 then 3 else i-1 end,'F','段' from n");
+  // Each row stands before its parent.
+  store.run("insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id)" +
+            chain + "7,i,case when i=2101 then 13 else i+1 end,'F','F1' from n");
+  browse(store, [] {
+    const std::string folders_too_deep =
+        "フォルダの階層が深すぎるため、2000階層より下は表示されません。";
+    message(folders_too_deep);
+    const auto levels = [](const rows& lines) {
+      std::size_t most = 0;
+      for (const std::string& line : lines) most = std::max(most, line.find_first_not_of(' ') / 2);
+      return most;
+    };
+    EXPECT_EQ(levels(tree_lines()), 2000U);
+    click_node(node("詳細"));
+    press("update");
+    message("分岐の階層が深すぎるため、2000階層より下は表示されません。");
+    EXPECT_EQ(levels(tree_lines()), 2000U);
+    press("exit");
+    message(folders_too_deep);
+  });
+}
+
+TEST_F(Editor, ReadsWhatARowHoldsAsItsOperationsSay) {
+  ADODB::Connection conn;
+  conn.Open(store.connect_string());
+  const auto row = conn.Execute("select 'o''clock' as a, null as b, 12 as c, '' as d");
+  using ta_vorlumine::replace_create;
+  const auto value = replace_create::GetRecordValue;
+  const auto number = replace_create::GetRecordNum;
+  EXPECT_EQ(value(row, "a") + "|" + value(row, "b") + "|" + value(row, "none"), "o''clock||");
+  EXPECT_EQ(number(row, "c") + number(row, "b") + number(row, "d") + number(row, "none"), "12000");
+}
+
 TEST_F(Editor, ChecksTheTitleInItsOrder) {
   edit(store, "詳細", [this] {
     const std::pair<std::string, std::string> refused[] = {
@@ -207,6 +246,8 @@ TEST_F(Editor, BytesThatAreNoTextGoBackAsTheyCameAndIntoACopy) {
     leave_as_it_is(shown + "（部分一致）;" + shown + "（完全一致）", "cond_set");
     leave_as_it_is("以外/" + shown, "cond_val_set");
     leave_as_it_is("2005/01/31まで（含まない）/" + shown, "cond_val_set");
+    press("exit");
+    EXPECT_EQ(tree().currentIndex().data(), "写し") << "the keyboard goes on at the copy";
   });
   EXPECT_EQ(store.rows("select replace_no,title=" + odd + ",comment=" + odd +
                        " from replace where replace_no in(3,7,34)"),

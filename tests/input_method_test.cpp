@@ -113,9 +113,9 @@ class InputMethod : public testing::TestWithParam<manner> {
     QTest::mouseClick(area ? area : control.peer().widget, Qt::LeftButton, {}, place);
     QApplication::processEvents();
   }
-  void click_cell(int row, int column) {
+  void click_cell(int row, int column) {  // the first column is not shown
     auto& view = platform::as<QTableView>(fg.peer());
-    click(fg, view.visualRect(view.model()->index(row - 1, column)).center());
+    click(fg, view.visualRect(view.model()->index(row - 1, column - 1)).center());
   }
   static QRect candidates() {
     return QGuiApplication::inputMethod()->queryFocusObject(Qt::ImCursorRectangle, {}).toRect();

@@ -60,11 +60,12 @@ TEST(KeyboardRoad, LeadsFromAnEmptyStoreToAFinishedDefinition) {
   browse(store, [] {
     EXPECT_EQ(focused_control(), "SSTree1");
     key(Qt::Key_Space);  // the root
-    press_with_space("addf");
+    tab_to("addf");
+    key(Qt::Key_Return);
     compose("営業");
     key(Qt::Key_Return);
     EXPECT_EQ(focused_control(), "SSTree1");
-    key(Qt::Key_Down);
+    key(Qt::Key_Space);  // the new folder
     command(4);
     in("replace_create");
     EXPECT_EQ(focused_control(), "Text1");
@@ -95,7 +96,7 @@ TEST(KeyboardRoad, LeadsFromAnEmptyStoreToAFinishedDefinition) {
     EXPECT_EQ(focused_control(), "SSTree1");
     EXPECT_EQ(tree_lines(), (rows{"置換条件", "  会社名", "    山田商店（先頭一致）", "    以外"}));
     key(Qt::Key_Down);
-    command(3);
+    press_with_space("cond_val_set");
     add_value("得意先", "御中");
     key(Qt::Key_Down);
     key(Qt::Key_Down);
@@ -106,7 +107,6 @@ TEST(KeyboardRoad, LeadsFromAnEmptyStoreToAFinishedDefinition) {
     EXPECT_EQ(tree_lines(), (rows{"条件設定", "  営業", "    敬称"}));
     EXPECT_EQ(focused_control(), "SSTree1");
     key(Qt::Key_Escape);
-    key(Qt::Key_Down);
     menu("移動する項目にする");
     key(Qt::Key_Home);
     menu("「敬称」をここへ移動");

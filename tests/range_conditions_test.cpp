@@ -85,6 +85,8 @@ TEST_F(RangeConditions, NumbersAreComparedAsNumbers) {
     click_cell(2, 5);
     EXPECT_EQ(grid_column(5), (rows{"-9", "700871964.199763", ""})) << "one end is enough";
     EXPECT_EQ(grid_column(8), (rows{"まで（含まない）", "", ""}));
+    EXPECT_EQ(grid().model()->headerData(3, Qt::Horizontal, Qt::AccessibleTextRole),
+              "比較値(TO)の比較方法");
     press("Command2");
   });
   EXPECT_EQ(all_lines(31), (rows{"8|1|N|null|null|null|null|2|-9|2|10000.5",

@@ -5,14 +5,18 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QFont>
+#include <QHelpEvent>
 #include <QIcon>
 #include <QLineEdit>
 #include <QMouseEvent>
+#include <QScrollBar>
 #include <QTest>
+#include <QToolTip>
 #include <QTreeView>
 #include <stdexcept>
 
 #include "platform/form.h"
+#include "platform/hint.h"
 #include "platform/toolkit_peer.h"
 
 namespace {
@@ -165,6 +169,8 @@ TEST_F(ss_tree, shows_nodes_as_they_are_told) {
            image(QIcon(QString(":/pictures/%1.svg").arg(picture)));
   };
   EXPECT_TRUE(is_shown("open"));
+  const auto icon = shown.data(Qt::DecorationRole).value<QIcon>();
+  EXPECT_EQ(icon.pixmap(16, QIcon::Selected).toImage(), icon.pixmap(16).toImage());
   view().collapse(shown);
   EXPECT_FALSE(a.Expanded());
   EXPECT_TRUE(is_shown("close"));
@@ -230,6 +236,37 @@ TEST_F(ss_tree, keeps_in_sight_what_is_chosen) {
   EXPECT_TRUE(item("c").Expanded()) << "the folder opens that the chosen node is put into";
 }
 
+TEST_F(ss_tree, scrolls_sideways_to_what_is_too_long_for_it_and_hints_at_it) {
+  const std::string text(300, 'x');
+  const auto hint_at = [this](const QString& node) {
+    QHelpEvent event(QEvent::ToolTip, place(node), view().viewport()->mapToGlobal(place(node)));
+    QApplication::sendEvent(view().viewport(), &event);
+    return QToolTip::text();
+  };
+  const QScrollBar& sideways = *view().horizontalScrollBar();
+  add_many();
+  tree.Nodes.AddChild("199", "long", text).parent().Expanded(true);
+  view().grab();
+  QApplication::processEvents();
+  EXPECT_EQ(sideways.maximum(), 0) << "only rows in view are measured";
+  tree.TopNode(item("long"));
+  EXPECT_GT(sideways.maximum(), 0);
+  EXPECT_EQ(hint_at("199"), "");
+  EXPECT_EQ(hint_at(text.c_str()), platform::hint(text.c_str()));
+  tree.SelectedItem(item("199"));
+  view().horizontalScrollBar()->setValue(8);
+  key(Qt::Key_Up);
+  EXPECT_EQ(sideways.value(), 8) << "its beginning is in sight";
+  QTest::keyClick(&view(), Qt::Key_Right, Qt::ControlModifier);
+  EXPECT_GT(sideways.value(), 100);
+  key(Qt::Key_Down);
+  EXPECT_GT(view().visualRect(view().currentIndex()).left(), 0);
+  item("199").Expanded(false);
+  view().grab();
+  QApplication::processEvents();
+  EXPECT_EQ(sideways.maximum(), 0);
+}
+
 TEST_F(ss_tree, finds_any_part_of_a_text_by_typing) {
   for (const char* title : {"ｶﾞﾗｽの皿", "ＡＢＣ商会", "Abc", "二\n行"})
     tree.Nodes.AddChild("a2", title, title);
@@ -263,6 +300,23 @@ TEST_F(ss_tree, finds_any_part_of_a_text_by_typing) {
   EXPECT_EQ(heard().back(), "click b");
   QTest::keyClick(box(), Qt::Key_Escape);
   EXPECT_TRUE(view().hasFocus() && !box()->isVisible());
+}
+
+TEST_F(ss_tree, keeps_what_is_typed_into_its_search_while_a_choice_takes_long) {
+  tree.on_node_click = [](const Node&) {
+    QObject* const box = QApplication::focusWidget();
+    for (const auto& [code, text] : {std::pair(Qt::Key_2, "2"), {Qt::Key_Escape, "\x1b"}})
+      QCoreApplication::postEvent(box, new QKeyEvent(QEvent::KeyPress, code, {}, text));
+    QTest::qSleep(600);
+  };
+  key(Qt::Key_Z);  // which no node has
+  QLineEdit& box = *view().findChild<QLineEdit*>("search");
+  box.clear();
+  QTest::keyClick(&box, Qt::Key_A);
+  tree.on_node_click = {};
+  QCoreApplication::processEvents();
+  EXPECT_EQ(box.text().toStdString() + selected(), "a2a2");
+  EXPECT_TRUE(box.isVisible()) << "Esc was meant for what was shown before";
 }
 
 TEST_F(ss_tree, tells_a_move_once_with_a_button_held_and_away_from_the_press) {

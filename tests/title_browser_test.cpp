@@ -1,7 +1,15 @@
+#include <QAccessible>
+#include <QApplication>
+#include <QPushButton>
+#include <QTest>
+#include <QTimer>
 #include <QTreeView>
 #include <QWidget>
+#include <set>
 
 #include "common_rules.h"
+#include "rules/failure_words.h"
+#include "store/error.h"
 
 using namespace harness;
 
@@ -63,6 +71,7 @@ TEST_F(TitleBrowser, PicturesTellWhatTheValuesOfADefinitionAre) {
 
 TEST_F(TitleBrowser, SelectionAllowsWhatTheNodeTakesAndShowsItsRemark) {
   browse(store, [] {
+    EXPECT_EQ(top_window().minimumSize(), top_window().maximumSize());
     click_node("条件設定");
     EXPECT_EQ(enabled_buttons(), "addf add close");
     EXPECT_EQ(text_of("Label1"), "");
@@ -104,6 +113,11 @@ TEST_F(TitleBrowser, ANodeThatCantBeReadGetsNoButtonsOfTheOneBefore) {
     store.run("alter table away rename to replace");
     click_node("敬称");
     EXPECT_EQ(enabled_buttons(), of_definition);
+    store.run("delete from replace where replace_no=3");  // by another program
+    click_node("宛名");
+    message(gone);
+    EXPECT_EQ(enabled_buttons(), "close");
+    EXPECT_EQ(tree_lines().size(), 7U);
   });
 }
 
@@ -179,7 +193,12 @@ TEST_F(TitleBrowser, MakesAndRenamesFolders) {
     EXPECT_EQ(tree_lines()[3], "  葉'書");
     EXPECT_EQ(enabled_buttons(), "close");
     click_node("会社");
-    press("addf");
+    act([] {  // as a screen reader presses it
+      QAccessibleInterface* button = QAccessible::queryAccessibleInterface(&control("addf"));
+      button->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+      QTest::qWait(200);  // the toolkit shows such a press as a click
+    });
+    in("replaceFolder");
     EXPECT_EQ(text_of("Text1"), "");
     type("Text1", "下");
     press("Command2");
@@ -289,6 +308,48 @@ TEST_F(TitleBrowser, FilesNodesByDraggingThem) {
   });
   EXPECT_EQ(folder_of("空") + folder_of("御中"), "5150");
   EXPECT_EQ(store.rows("select p_replace_no from replace where title='会社'"), (rows{"50", "50"}));
+}
+
+TEST_F(TitleBrowser, AWaitIsShownAndLeftByTheUserWhoGetsNothingElseThrough) {
+  ADODB::Connection other;
+  other.Open(store.connect_string());
+  other.BeginTrans(ADODB::purpose::writing);
+  other.Execute("update replace set kind=kind where replace_no=3");
+  browse(store, [&] {
+    click_node("宛名");
+    press("addf");
+    type("Text1", "新");
+    bool was_shown = false;
+    QTimer::singleShot(1500, [&] {
+      for (QWidget* window : QApplication::topLevelWidgets()) {
+        if (window->objectName() != "waiting_note") continue;
+        was_shown = window->isVisible();
+        QTest::keyClick(&top_window(), Qt::Key_Return);
+        QTest::mouseClick(window->findChild<QPushButton*>(), Qt::LeftButton);
+      }
+    });
+    press("Command2");
+    EXPECT_TRUE(was_shown);
+    EXPECT_NE(read_message().find(on_server() ? "user request" : "locked"), std::string::npos);
+    other.RollbackTrans();
+    EXPECT_EQ(store.value("select count(*) from replace where title='新'"), "0");
+    press("Command2");
+  });
+  EXPECT_EQ(store.value("select count(*) from replace where title='新'"), "1");
+}
+
+TEST(FailureWords, HaveASentenceForEachKindAboveTheEnginesOwn) {
+  using ADODB::failure_kind;
+  std::set<std::string> sentences;
+  for (int kind = 0; kind <= static_cast<int>(failure_kind::other); ++kind) {
+    const ADODB::Error failure(static_cast<failure_kind>(kind), "it is so");
+    const std::string words = ta_vorlumine::words_for(failure);
+    EXPECT_TRUE(words.ends_with("。\n\nit is so")) << words;
+    sentences.insert(words);
+  }
+  EXPECT_EQ(sentences.size(), 8U);
+  EXPECT_EQ(ta_vorlumine::words_for(std::runtime_error("項目")), "項目");
+  EXPECT_FALSE(sentences.contains(ta_vorlumine::words_for(std::runtime_error("it is so"))));
 }
 
 }  // namespace

@@ -58,8 +58,9 @@ QPoint place_of(const QModelIndex& index) {
   return tree().visualRect(index).center();
 }
 
+// Five columns are not shown.
 QModelIndex cell(int row, int column) {
-  return grid().model()->index(row - 1, column);
+  return grid().model()->index(row - 1, column - 5);
 }
 
 QWidget& focus() {
@@ -268,9 +269,14 @@ QModelIndex node(const std::string& path) {
 
 std::vector<QModelIndex> all_nodes() {
   const QAbstractItemModel& model = *tree().model();
-  const QModelIndexList nodes = model.match(model.index(0, 0), Qt::DisplayRole, "", -1,
-                                            Qt::MatchContains | Qt::MatchRecursive);
-  return {nodes.begin(), nodes.end()};
+  std::vector<QModelIndex> nodes;
+  for (std::vector<QModelIndex> waiting{model.index(0, 0)}; !waiting.empty();) {
+    nodes.push_back(waiting.back());
+    waiting.pop_back();
+    for (int row = model.rowCount(nodes.back()); row > 0; --row)
+      waiting.push_back(model.index(row - 1, 0, nodes.back()));
+  }
+  return nodes;
 }
 
 }  // namespace harness

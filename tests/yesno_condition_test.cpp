@@ -72,6 +72,18 @@ TEST_F(YesNoCondition, PointsToItsLineThoughItsNumberWasTaken) {
   EXPECT_EQ(conditions(), (rows{"41|32|0|9", "42|32|1|null"}));
 }
 
+TEST_F(YesNoCondition, AFieldWithAnOtherwiseBranchAloneGetsItsCondition) {
+  store.run(
+      "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,replace_cond_type) "
+      "values(32,45,32,'C','1')");
+  edit_at("二択", "会員", "cond_set", [] {
+    answer("はい");
+    message("設定完了！");
+    EXPECT_EQ(tree_lines(), shown("はい"));
+  });
+  EXPECT_EQ(conditions(), (rows{"45|32|1|null", "46|32|0|8"}));
+}
+
 TEST_F(YesNoCondition, AFieldThatCantBeLookedUpOpensNothing) {
   const std::string why = "項目名に「'」が含まれているため、条件を設定できません。";
   store.run("update field set field_name='会''員' where field_id='F7'");

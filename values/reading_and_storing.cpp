@@ -42,7 +42,7 @@ void set_value::load() {
       sql("select * from replace_m where replace_no=<f_replace_no> and replace_m_no=<basNodeKey> "
           "and use_type='R'",
           {state.f_replace_no, state.basNodeKey}));
-  shared().r_value = state.basRS.eof() ? 0 : 1;
+  state.r_value = state.basRS.eof() ? 0 : 1;
   if (state.basRS.eof()) return text_option.select();
   show_value(state.basRS.Fields());
 }

@@ -7,9 +7,8 @@ using platform::row;
 
 namespace {
 
-using captions = std::array<const char*, value_kinds>;
-
-constexpr captions kinds{"ﾃｷｽﾄ", "ﾃｷｽﾄﾌｧｲﾙ", "画像ﾌｧｲﾙ", "ﾏﾙﾁﾒﾃﾞｨｱﾌｧｲﾙ", "ｱﾄﾞﾚｽ帳項目"};
+constexpr std::array<const char*, value_kinds> captions{"ﾃｷｽﾄ", "ﾃｷｽﾄﾌｧｲﾙ", "画像ﾌｧｲﾙ",
+                                                        "ﾏﾙﾁﾒﾃﾞｨｱﾌｧｲﾙ", "ｱﾄﾞﾚｽ帳項目"};
 
 }  // namespace
 
@@ -18,18 +17,18 @@ set_value::set_value()
       title_txt(window, "title_txt"),
       Label2(window, "Label2", "置換値にアドレス帳項目が選択された場合、自動的に設定されます。",
              nullptr, platform::Label::lines::two),
-      text_option(window, "Option1(0)", kinds[text_value]),
+      text_option(window, "Option1(0)", captions[text_value]),
       Text1(window, "Text1", platform::TextBox::lines::several),
-      text_file_option(window, "Option1(1)", kinds[text_file_value]),
+      text_file_option(window, "Option1(1)", captions[text_file_value]),
       Text2(window, "Text2"),
       Command3(window, "Command3", "..."),
-      image_file_option(window, "Option1(2)", kinds[image_file_value]),
+      image_file_option(window, "Option1(2)", captions[image_file_value]),
       Text3(window, "Text3"),
       Command4(window, "Command4", "..."),
-      multimedia_file_option(window, "Option1(3)", kinds[multimedia_file_value]),
+      multimedia_file_option(window, "Option1(3)", captions[multimedia_file_value]),
       Text4(window, "Text4"),
       Command5(window, "Command5", "..."),
-      field_option(window, "Option1(4)", kinds[field_value]),
+      field_option(window, "Option1(4)", captions[field_value]),
       Combo1(window, "Combo1"),
       Command1(window, "Command1", "OK"),
       Command2(window, "Command2", "ｷｬﾝｾﾙ") {
@@ -63,12 +62,12 @@ void set_value::connect() {
 // The boxes bear no labels of their own for a screen reader to say.
 void set_value::name_controls() {
   for (std::size_t kind = 0; kind < boxes_.size(); ++kind) {
-    boxes_[kind]->set_accessible_name(kinds[kind]);
+    boxes_[kind]->set_accessible_name(captions[kind]);
   }
-  Combo1.set_accessible_name(kinds[field_value]);
+  Combo1.set_accessible_name(captions[field_value]);
   std::size_t kind = text_file_value;
   for (platform::CommandButton* browse : {&Command3, &Command4, &Command5}) {
-    browse->set_accessible_name(std::string(kinds[kind++]) + "の参照");
+    browse->set_accessible_name(std::string(captions[kind++]) + "の参照");
   }
 }
 

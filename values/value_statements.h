@@ -26,7 +26,7 @@ struct value_entry {
 };
 
 /// Writes the value into the row `key` of the rule tree of the definition `replace_no`. The columns
-/// of the other kinds go blank, but that a field leaves the text of earlier days in its place.
+/// of the other kinds go blank, but for r_text: a value that becomes a field keeps its old text.
 [[nodiscard]] ADODB::statement update_statement(const value_entry& value, const std::string& key,
                                                 std::int16_t replace_no);
 

@@ -7,6 +7,8 @@
 #include <QStyledItemDelegate>
 #include <QToolTip>
 
+#include "platform/contrast.h"
+
 namespace ta_vorlumine {
 namespace {
 
@@ -55,8 +57,9 @@ class cell_painter : public QStyledItemDelegate {
   void paint_ring(QPainter& painter, const QStyleOptionViewItem& cell) const {
     const auto colour = has_keyboard() ? QPalette::Highlight : QPalette::Mid;
     painter.save();
-    painter.setPen(QPen(cell.palette.color(QPalette::Active, colour), 2, Qt::SolidLine,
-                        Qt::SquareCap, Qt::MiterJoin));
+    const QColor ring = platform::readable_on(cell.palette.color(QPalette::Base),
+                                              cell.palette.color(QPalette::Active, colour));
+    painter.setPen(QPen(ring, 2, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     painter.drawRect(cell.rect.adjusted(1, 1, -1, -1));
     painter.restore();
   }

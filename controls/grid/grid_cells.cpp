@@ -70,6 +70,12 @@ const std::string& grid_cells::shown_text(int row, int column) const {
   return found == choices.end() ? held : found->word;
 }
 
+std::string grid_cells::spoken_heading(int column) const {
+  const std::string& heading = text(0, column);
+  const bool shared = !heading.empty() && std::ranges::count(cells_of(0), heading) > 1;
+  return shared && column > 0 ? text(0, column - 1) + "の" + heading : heading;
+}
+
 void grid_cells::set_columns(int count) {
   const auto size = static_cast<std::size_t>(count);
   columns_.resize(size);

@@ -42,6 +42,9 @@ class grid_cells {
   /// The text, or the word that its number stands for.
   [[nodiscard]] const std::string& shown_text(int row, int column) const;
 
+  /// The heading, told apart from another one of the same words by the one before it.
+  [[nodiscard]] std::string spoken_heading(int column) const;
+
   /// Columns that come have empty cells; columns that go take their cells along.
   void set_columns(int count);
   /// Headings separated by vertical bars, "<" in front of those of left-aligned columns; sets the

@@ -41,14 +41,11 @@ bool grid_cursor::move_on(bool forward) {
 QModelIndex grid_cursor::neighbour(int row, int column, bool forward) const {
   const QAbstractItemModel& shown = *view_.model();
   const int columns = shown.columnCount();
-  do {
-    column += forward ? 1 : -1;
-    if (column < 0 || column >= columns) {
-      row += forward ? 1 : -1;
-      column = forward ? 0 : columns - 1;
-    }
-    if (row < 0 || row >= shown.rowCount()) return {};
-  } while (view_.isColumnHidden(column));
+  column += forward ? 1 : -1;
+  if (column < 0 || column >= columns) {
+    row += forward ? 1 : -1;
+    column = forward ? 0 : columns - 1;
+  }
   return shown.index(row, column);
 }
 

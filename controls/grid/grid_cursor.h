@@ -7,7 +7,7 @@ class QTableView;
 
 namespace ta_vorlumine {
 
-/// The current cell of a grid, and the way from cell to cell past the hidden columns.
+/// The current cell of a grid, and the way from cell to cell.
 class grid_cursor {
  public:
   /// `row_check` may add and remove rows of what `view` shows.

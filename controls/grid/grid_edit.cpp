@@ -12,14 +12,6 @@ namespace ta_vorlumine {
 
 using platform::to_toolkit;
 
-namespace {
-
-QModelIndex index_of(const QTableView& view, cell_place cell) {
-  return view.model()->index(cell.row - 1, cell.column);
-}
-
-}  // namespace
-
 grid_edit::grid_edit(QTableView& view, grid_cells& cells, grid_model& model, events handlers)
     : view_(view),
       cells_(cells),
@@ -39,18 +31,18 @@ void grid_edit::open(cell_place cell) {
 
 void grid_edit::open_list(cell_place cell) {
   listed_ = cell;
-  view_.scrollTo(index_of(view_, cell));
-  const QRect place = view_.visualRect(index_of(view_, cell));
+  view_.scrollTo(model_.index_of(cell));
+  const QRect place = view_.visualRect(model_.index_of(cell));
   list_.open(cells_.column(cell.column).choices, cells_.text(cell.row, cell.column),
-             cells_.text(0, cell.column),
+             cells_.spoken_heading(cell.column),
              QRect(view_.viewport()->mapToGlobal(place.topLeft()), place.size()));
 }
 
 void grid_edit::begin(cell_place cell, std::string_view text) {
   cell_ = cell;
-  view_.scrollTo(index_of(view_, cell));
+  view_.scrollTo(model_.index_of(cell));
   editor_.start(text, limit);
-  editor_.line().setAccessibleName(to_toolkit(cells_.text(0, cell.column)));
+  editor_.line().setAccessibleName(to_toolkit(cells_.spoken_heading(cell.column)));
   place_editor();
   editor_.line().show();
 }
@@ -62,7 +54,7 @@ void grid_edit::begin_empty(cell_place cell) {
 void grid_edit::place_editor() {
   constexpr int ring = 2;
   if (!is_open()) return;
-  const QRect place = view_.visualRect(index_of(view_, cell_));
+  const QRect place = view_.visualRect(model_.index_of(cell_));
   editor_.line().setGeometry(place.adjusted(ring, ring, -ring, -ring));
 }
 

@@ -1,6 +1,8 @@
 #include "controls/grid/grid_model.h"
 
 #include <QAbstractTableModel>
+#include <algorithm>
+#include <vector>
 
 #include "controls/grid/cell_painter.h"
 #include "platform/toolkit_peer.h"
@@ -16,7 +18,21 @@ class grid_model::table : public QAbstractTableModel {
   void rebuild(const std::function<void()>& change) {
     beginResetModel();
     change();
+    columns_ = columns_to_show();
     endResetModel();
+  }
+
+  void choose_columns() {
+    if (columns_ != columns_to_show()) rebuild([] {});
+  }
+
+  [[nodiscard]] cell_place place_of(const QModelIndex& shown) const {
+    return {shown.row() + 1, columns_[static_cast<std::size_t>(shown.column())]};
+  }
+
+  [[nodiscard]] QModelIndex index_of(cell_place cell) const {
+    const auto column = std::ranges::lower_bound(columns_, cell.column);
+    return index(cell.row - 1, static_cast<int>(column - columns_.begin()));
   }
 
   void add(std::string_view cells) {
@@ -35,15 +51,17 @@ class grid_model::table : public QAbstractTableModel {
   void put(int row, int column, std::string_view text) {
     cells_.text(row, column) = text;
     if (row == 0) {
-      emit headerDataChanged(Qt::Horizontal, column, column);
+      emit headerDataChanged(Qt::Horizontal, 0, columnCount({}) - 1);
     } else {
-      emit dataChanged(index(row - 1, column), index(row - 1, column));
+      emit dataChanged(index(row - 1, 0), index(row - 1, columnCount({}) - 1));
     }
   }
 
   void set_choices(int column, std::string_view list) {
     cells_.set_choices(column, list);
-    if (cells_.rows() > 1) emit dataChanged(index(0, column), index(rowCount({}) - 1, column));
+    if (cells_.rows() > 1) {
+      emit dataChanged(index(0, 0), index(rowCount({}) - 1, columnCount({}) - 1));
+    }
   }
 
   [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
@@ -51,32 +69,42 @@ class grid_model::table : public QAbstractTableModel {
   }
 
   [[nodiscard]] int columnCount(const QModelIndex& parent) const override {
-    return parent.isValid() ? 0 : cells_.columns();
+    return parent.isValid() ? 0 : static_cast<int>(columns_.size());
   }
 
   [[nodiscard]] QVariant data(const QModelIndex& cell, int role) const override {
-    if (role == Qt::DisplayRole) {
-      return to_toolkit(cells_.shown_text(cell.row() + 1, cell.column()));
-    }
-    return role == drop_down_role ? QVariant(cells_.drops_down(cell.column())) : QVariant();
+    const auto [row, column] = place_of(cell);
+    if (role == Qt::DisplayRole) return to_toolkit(cells_.shown_text(row, column));
+    return role == drop_down_role ? QVariant(cells_.drops_down(column)) : QVariant();
   }
 
   [[nodiscard]] QVariant headerData(int section, Qt::Orientation orientation,
                                     int role) const override {
     if (orientation != Qt::Horizontal) return {};
-    if (role == Qt::DisplayRole) return to_toolkit(cells_.shown_text(0, section));
-    if (role != Qt::TextAlignmentRole || !cells_.column(section).left_aligned) return {};
+    const int column = columns_[static_cast<std::size_t>(section)];
+    if (role == Qt::DisplayRole) return to_toolkit(cells_.shown_text(0, column));
+    if (role == Qt::AccessibleTextRole) return to_toolkit(cells_.spoken_heading(column));
+    if (role != Qt::TextAlignmentRole || !cells_.column(column).left_aligned) return {};
     return QVariant::fromValue(Qt::AlignLeft | Qt::AlignVCenter);
   }
 
   // A cell that isn't typed into has the input method off: a digit picks its entry at once.
   [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& cell) const override {
     const Qt::ItemFlags all = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-    return cell.isValid() && !cells_.drops_down(cell.column()) ? all | Qt::ItemIsEditable : all;
+    const bool typed = cell.isValid() && !cells_.drops_down(place_of(cell).column);
+    return typed ? all | Qt::ItemIsEditable : all;
   }
 
  private:
+  [[nodiscard]] std::vector<int> columns_to_show() const {
+    std::vector<int> shown;
+    for (int i = 0; i < cells_.columns(); ++i)
+      if (!cells_.column(i).hidden) shown.push_back(i);
+    return shown;
+  }
+
   grid_cells& cells_;
+  std::vector<int> columns_;  // the grid's, that are shown
 };
 
 grid_model::grid_model(grid_cells& cells) : table_(std::make_unique<table>(cells)) {}
@@ -105,6 +133,18 @@ void grid_model::set_choices(int column, std::string_view list) {
 
 QAbstractItemModel& grid_model::shown() const {
   return *table_;
+}
+
+void grid_model::choose_columns() {
+  table_->choose_columns();
+}
+
+cell_place grid_model::place_of(const QModelIndex& shown) const {
+  return table_->place_of(shown);
+}
+
+QModelIndex grid_model::index_of(cell_place cell) const {
+  return table_->index_of(cell);
 }
 
 }  // namespace ta_vorlumine

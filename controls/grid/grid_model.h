@@ -7,6 +7,7 @@
 #include "controls/grid/grid_cells.h"
 
 class QAbstractItemModel;
+class QModelIndex;
 
 namespace ta_vorlumine {
 
@@ -24,7 +25,13 @@ class grid_model {
   void put(int row, int column, std::string_view text);
   void set_choices(int column, std::string_view list);
 
+  /// Without the hidden columns: a screen reader would read them, and their headings.
   [[nodiscard]] QAbstractItemModel& shown() const;
+  /// To be told after columns were hidden or shown. If they were, no cell is current afterwards.
+  void choose_columns();
+
+  [[nodiscard]] cell_place place_of(const QModelIndex& shown) const;
+  [[nodiscard]] QModelIndex index_of(cell_place cell) const;  ///< of a cell that is shown
 
  private:
   class table;

@@ -2,7 +2,6 @@
 
 #include <QClipboard>
 #include <QGuiApplication>
-#include <QRegularExpression>
 #include <QTableView>
 #include <utility>
 
@@ -11,6 +10,10 @@
 
 namespace ta_vorlumine {
 namespace {
+
+bool is_separator(QChar letter) {
+  return letter == '\t' || letter == '\r' || letter == '\n';
+}
 
 /// Takes cells from a text, one after the other.
 class cell_reader {
@@ -36,19 +39,25 @@ class cell_reader {
 
  private:
   [[nodiscard]] qsizetype end_from(qsizetype start) const {
-    static const QRegularExpression separator("[\t\r\n]");
-    const qsizetype end = text_.indexOf(separator, start);
+    while (start < text_.size() && !is_separator(text_.at(start))) ++start;
+    return start;
+  }
+
+  /// The quote that ends the text which begins here; within it every quote is doubled.
+  [[nodiscard]] qsizetype end_of_quoted(qsizetype start) const {
+    qsizetype end = text_.indexOf('"', start);
+    while (end >= 0 && text_.mid(end + 1, 1) == "\"") end = text_.indexOf('"', end + 2);
     return end < 0 ? text_.size() : end;
   }
 
   // Only a cell that holds a separator is put in quotes; any other one means the quotes that it
   // has.
   QString quoted_cell() {
-    static const QRegularExpression quoted("\\G\"((?:[^\"]|\"\")*)\"(?=[\t\r\n]|\\z)");
-    const auto found = quoted.match(text_, at_);
-    if (!found.hasMatch() || end_from(at_) >= found.capturedEnd()) return {};
-    taken_ = found.capturedLength();
-    return found.captured(1).replace("\"\"", "\"");
+    if (text_.at(at_) != '"') return {};
+    const qsizetype end = end_of_quoted(at_ + 1);
+    if (end == text_.size() || end_from(at_) > end || end_from(end + 1) > end + 1) return {};
+    taken_ = end + 1 - at_;
+    return text_.mid(at_ + 1, taken_ - 2).replace("\"\"", "\"");
   }
 
   QString text_;
@@ -76,7 +85,7 @@ bool grid_paste::has_several_cells() {
 
 void grid_paste::run() {
   const auto rows = copied_cells(QGuiApplication::clipboard()->text());
-  const int column = view_.currentIndex().column();
+  const int column = model_.place_of(view_.currentIndex()).column;
   choices_.clear();
   for (std::size_t i = 0; i < rows.size(); ++i) {
     if (i > 0 && !go_down(column)) return;
@@ -97,8 +106,9 @@ bool grid_paste::fill_row(const std::vector<std::string>& texts, int column) {
   const QPersistentModelIndex first = view_.currentIndex();
   const std::vector<int> columns = shown_columns(column, texts.size());
   for (std::size_t i = 0; i < columns.size() && first.isValid(); ++i) {
-    view_.setCurrentIndex(first.sibling(first.row(), columns[i]));
-    if (!texts[i].empty() && !edit_.paste({first.row() + 1, columns[i]}, texts[i])) return false;
+    const cell_place cell{first.row() + 1, columns[i]};
+    view_.setCurrentIndex(model_.index_of(cell));
+    if (!texts[i].empty() && !edit_.paste(cell, texts[i])) return false;
   }
   return first.isValid();
 }
@@ -121,7 +131,7 @@ void grid_paste::choose_what_is_left(int column, std::size_t count) {
 bool grid_paste::go_down(int column) {
   const QModelIndex current = view_.currentIndex();
   if (!current.isValid()) return false;
-  const QModelIndex below = view_.model()->index(current.row() + 1, column);
+  const QModelIndex below = model_.index_of({current.row() + 2, column});
   if (below.isValid()) view_.setCurrentIndex(below);
   cursor_.check_row();
   return below.isValid();

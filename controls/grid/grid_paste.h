@@ -22,8 +22,9 @@ namespace ta_vorlumine {
 /// was copied empty leaves the grid's as it is.
 class grid_paste {
  public:
-  grid_paste(QTableView& view, const grid_cells& cells, grid_edit& edit, grid_cursor& cursor)
-      : view_(view), cells_(cells), edit_(edit), cursor_(cursor) {}
+  grid_paste(QTableView& view, const grid_cells& cells, const grid_model& model, grid_edit& edit,
+             grid_cursor& cursor)
+      : view_(view), cells_(cells), model_(model), edit_(edit), cursor_(cursor) {}
 
   [[nodiscard]] static bool has_several_cells();
   void run();
@@ -36,6 +37,7 @@ class grid_paste {
 
   QTableView& view_;
   const grid_cells& cells_;
+  const grid_model& model_;
   grid_edit& edit_;
   grid_cursor& cursor_;
   std::vector<std::string> choices_;  // of the first row pasted, by column

@@ -8,6 +8,7 @@
 #include <QMouseEvent>
 #include <QTableView>
 #include <algorithm>
+#include <numeric>
 #include <utility>
 
 #include "controls/grid/cell_painter.h"
@@ -21,10 +22,6 @@ namespace ta_vorlumine {
 namespace {
 
 using platform::from_toolkit;
-
-cell_place place_of(const QModelIndex& cell) {
-  return {cell.row() + 1, cell.column()};
-}
 
 bool is_typed_text(const QKeyEvent& key) {
   const auto commands = Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier;
@@ -53,6 +50,7 @@ class table_view : public QTableView, public grid_view {
 
   QWidget& widget() override { return *this; }
   grid_model& model() override { return model_; }
+  using QTableView::edit;  // Clang warns of hiding it
   grid_edit& edit() override { return edit_; }
   [[nodiscard]] int row() const override { return cursor_.row(); }
   void set_row(int row) override { cursor_.set_row(row); }
@@ -98,7 +96,7 @@ table_view::table_view(grid_cells& cells, const grid_edit::events& events)
       cursor_(*this, events.taken),
       edit_(*this, cells, model_, {events.refuses, [this] { cursor_.check_row(); }}),
       press_elsewhere_(*this, edit_, cursor_),
-      paste_(*this, cells_, edit_, cursor_) {
+      paste_(*this, cells_, model_, edit_, cursor_) {
   setModel(&model_.shown());
   setItemDelegate(make_cell_painter(*this));
   setSelectionMode(NoSelection);
@@ -118,20 +116,19 @@ table_view::table_view(grid_cells& cells, const grid_edit::events& events)
 
 // Room to spare goes to all columns alike; what is left of it, to the last shown one.
 void table_view::lay_out_columns() {
-  for (int i = 0; i < cells_.columns(); ++i) setColumnHidden(i, cells_.column(i).hidden);
+  model_.choose_columns();
   if (dragged_) return;
-  std::vector<std::pair<int, int>> widths;  // of the shown columns
-  int wanted = 0;
+  std::vector<int> widths;
   for (int i = 0; i < cells_.columns(); ++i) {
-    if (isColumnHidden(i)) continue;
-    widths.emplace_back(i, std::max(platform::scaled_pixels(cells_.column(i).width),
-                                    horizontalHeader()->sectionSizeHint(i)));
-    wanted += widths.back().second;
+    if (cells_.column(i).hidden) continue;
+    const int heading = horizontalHeader()->sectionSizeHint(static_cast<int>(widths.size()));
+    widths.push_back(std::max(platform::scaled_pixels(cells_.column(i).width), heading));
   }
+  const int wanted = std::accumulate(widths.begin(), widths.end(), 0);
   const double growth = wanted == 0 ? 1 : std::max(1.0, 1.0 * viewport()->width() / wanted);
   laying_out_ = true;
-  for (const auto& [column, width] : widths)
-    setColumnWidth(column, static_cast<int>(width * growth));
+  for (std::size_t i = 0; i < widths.size(); ++i)
+    setColumnWidth(static_cast<int>(i), static_cast<int>(widths[i] * growth));
   laying_out_ = false;
 }
 
@@ -174,7 +171,7 @@ void table_view::keyPressEvent(QKeyEvent* event) {
   }
   if (cells_.rows() == 1) cursor_.check_row();
   const QModelIndex cell = currentIndex();
-  if (edit_.enabled && cell.isValid() && key_on_cell(*event, place_of(cell))) return;
+  if (edit_.enabled && cell.isValid() && key_on_cell(*event, model_.place_of(cell))) return;
   QTableView::keyPressEvent(event);
   if (currentIndex() != cell) cursor_.check_row();
 }
@@ -240,7 +237,7 @@ void table_view::inputMethodEvent(QInputMethodEvent* event) {
     if (!composing && event->commitString().isEmpty()) return event->ignore();
     if (cells_.rows() == 1) cursor_.check_row();
     if (!takes_compositions() || !currentIndex().isValid()) return event->ignore();
-    edit_.begin_empty(place_of(currentIndex()));
+    edit_.begin_empty(model_.place_of(currentIndex()));
   }
   QLineEdit& line = edit_.editor().line();
   line.event(event);
@@ -253,7 +250,7 @@ void table_view::inputMethodEvent(QInputMethodEvent* event) {
 // digit into a composition. On where there are no rows yet: the first letter makes one.
 bool table_view::takes_compositions() const {
   const QModelIndex cell = currentIndex();
-  return edit_.enabled && !(cell.isValid() && cells_.drops_down(cell.column()));
+  return edit_.enabled && !(cell.isValid() && cells_.drops_down(model_.place_of(cell).column));
 }
 
 QVariant table_view::inputMethodQuery(Qt::InputMethodQuery query) const {
@@ -290,8 +287,9 @@ void table_view::mouseReleaseEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   const QPersistentModelIndex cell = std::exchange(pressed_, QPersistentModelIndex());
   if (!cell.isValid() || cell != indexAt(place)) return;
-  if (!cells_.drops_down(cell.column()) && !pressed_again_) return;
-  edit_.open(place_of(cell));
+  const cell_place released = model_.place_of(cell);
+  if (!cells_.drops_down(released.column) && !pressed_again_) return;
+  edit_.open(released);
   edit_.editor().line().selectAll();
 }
 

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "controls/tree/tree_view.h"
+#include "platform/fonts.h"
 #include "platform/form.h"
 #include "platform/toolkit_peer.h"
 
@@ -37,7 +38,7 @@ void SSTree::set_image_list(const platform::ImageList& pictures) {
 }
 
 void SSTree::Indentation(int twips) {
-  view().setIndentation(platform::pixels(twips));
+  view().setIndentation(platform::scaled_pixels(twips));
 }
 
 void SSTree::UniformRows(bool uniform) {
@@ -54,6 +55,10 @@ Node SSTree::SelectedItem() {
 
 void SSTree::SelectedItem(const Node& node) {
   view().select(node.is_empty() ? nullptr : &node.get());
+}
+
+void SSTree::move_keyboard(const Node& node) {
+  view().move_keyboard(node.get());
 }
 
 Node SSTree::TopNode() {

@@ -34,6 +34,8 @@ class Node {
   void ForeColor(RGB colour) const;
   void Image(std::string_view key) const;
   void ExpandedImage(std::string_view key) const;
+  /// What a screen reader says that the node is.
+  void kind(std::string_view kind) const;
   void Expanded(bool expanded) const;
 
   /// Empty at the top of the tree.
@@ -107,6 +109,10 @@ class SSTree : public platform::Control {
   SSTree(platform::Form& form, std::string name, std::string accessible_name);
   ~SSTree() override;
 
+  /// More below each other would use up a small stack in the toolkit: whoever fills the tree leaves
+  /// the rest out.
+  static constexpr int most_levels = 2000;
+
   node_collection Nodes{*this};
 
   /// The pictures must live as long as the form is loaded.
@@ -120,6 +126,8 @@ class SSTree : public platform::Control {
 
   [[nodiscard]] Node SelectedItem();
   void SelectedItem(const Node& node);
+  /// Puts the keyboard there, in sight, and nothing is selected.
+  void move_keyboard(const Node& node);
   [[nodiscard]] Node TopNode();  ///< the first visible one; empty if none is
   void TopNode(const Node& node);
   [[nodiscard]] Node DropHighlight();

@@ -6,6 +6,7 @@
 #include <QTimerEvent>
 
 #include "controls/tree/tree_view.h"
+#include "platform/contrast.h"
 
 namespace ta_vorlumine {
 namespace {
@@ -67,8 +68,8 @@ void SSTree::tree_view::raise_drag_over(QPoint place) {
   if (tree_.on_drag_over) tree_.raise([&] { tree_.on_drag_over(place.x(), place.y()); });
 }
 
-// The toolkit's own would scroll only under a pointer that rests, and close the open folder that
-// the pointer rests on.
+// In a drag the tree scrolls and opens folders by a timer of its own: the toolkit's would scroll
+// only under a pointer that rests, and close the open folder that the pointer rests on.
 void SSTree::tree_view::timerEvent(QTimerEvent* event) {
   if (event->timerId() != drag_beat_.timerId()) return QTreeView::timerEvent(event);
   if (state() != DraggingState) return;
@@ -99,16 +100,21 @@ void SSTree::tree_view::scrollContentsBy(int dx, int dy) {
   if (state() == DraggingState) raise_drag_over(drag_place_);
 }
 
-// The drop's place, and what the menu has marked to be moved.
+// Frames the place of a drop, the node that the menu has marked to be moved, and the keyboard's
+// place, which some styles mark with no more than a shade.
 void SSTree::tree_view::drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                                 const QModelIndex& index) const {
   QTreeView::drawRow(painter, option, index);
   const tree_node* node = tree_model::node_at(index);
   const bool is_target = tree_.drop_highlight_.lock().get() == node;
-  if (!is_target && model.marked() != node) return;
-  QColor colour = palette().color(QPalette::Highlight);
+  const bool is_marked = model.marked() == node;
+  const bool has_keyboard = hasFocus() && index == currentIndex() && node != selected();
+  if (!is_target && !is_marked && !has_keyboard) return;
+  QColor colour =
+      platform::readable_on(palette().color(QPalette::Base), palette().color(QPalette::Highlight));
   const QRect row(visualRect(index));
-  painter->setPen(QPen(colour, 2, is_target ? Qt::SolidLine : Qt::DashLine));
+  const bool dashed = is_marked && !is_target;
+  painter->setPen(QPen(colour, dashed || is_target ? 2 : 1, dashed ? Qt::DashLine : Qt::SolidLine));
   painter->drawRect(row.adjusted(1, 1, -1, -1));
   colour.setAlpha(60);
   if (is_target) painter->fillRect(row, colour);

@@ -48,6 +48,10 @@ void Node::ExpandedImage(std::string_view key) const {
   tree_->show_appearance(get());
 }
 
+void Node::kind(std::string_view kind) const {
+  get().kind = kind;
+}
+
 void Node::Expanded(bool expanded) const {
   tree_node& node = get();
   if (node.expanded == expanded) return;

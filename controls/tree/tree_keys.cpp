@@ -2,6 +2,7 @@
 #include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QShortcut>
 
 #include "controls/tree/tree_view.h"
@@ -16,12 +17,6 @@ void SSTree::tree_view::set_up_search() {
     updateGeometries();
     scrollTo(currentIndex());
   };
-  const auto forget = [this] { search_.forget_nodes(); };
-  connect(&model, &tree_model::modelReset, this, forget);
-  connect(&model, &tree_model::rowsInserted, this, forget);
-  connect(&model, &tree_model::rowsAboutToBeRemoved, this, forget);
-  connect(&model, &tree_model::rowsMoved, this, forget);
-  connect(&model, &tree_model::dataChanged, this, forget);
   auto* find = new QShortcut(QKeySequence::Find, this);
   connect(find, &QShortcut::activated, this, [this] { search_.type({}); });
 }
@@ -49,16 +44,24 @@ void SSTree::tree_view::keyPressEvent(QKeyEvent* event) {
       return open_menu_of_current();
     case Qt::Key_Left:
     case Qt::Key_Right:
-      if (event->modifiers().testFlag(Qt::ControlModifier) || !node) break;
-      return step_sideways(currentIndex(), event->key() == Qt::Key_Left);
+      return event->modifiers().testFlag(Qt::ControlModifier)
+                 ? scroll_sideways(event->key() == Qt::Key_Left)
+                 : step_sideways(currentIndex(), event->key() == Qt::Key_Left);
     default:
       if (event->modifiers() == Qt::NoModifier && press_command_of(event->key())) return;
   }
   QTreeView::keyPressEvent(event);
 }
 
-// The toolkit's own would scroll where the tree is wider than its window.
+void SSTree::tree_view::scroll_sideways(bool left) {
+  horizontalScrollBar()->triggerAction(left ? QScrollBar::SliderSingleStepSub
+                                            : QScrollBar::SliderSingleStepAdd);
+}
+
+// Left and Right, which the toolkit would take for scrolling where the tree is wider than its
+// window.
 void SSTree::tree_view::step_sideways(const QModelIndex& from, bool left) {
+  if (!from.isValid()) return;
   const bool open = isExpanded(from) && model.hasChildren(from);
   if (left && open) return collapse(from);
   if (!left && !open) return expand(from);

@@ -1,8 +1,10 @@
 #include "controls/tree/tree_model.h"
 
 #include <QFont>
+#include <QIconEngine>
 #include <QPalette>
 #include <QWidget>
+#include <utility>
 
 #include "platform/contrast.h"
 #include "platform/fonts.h"
@@ -14,12 +16,25 @@ using platform::to_toolkit;
 
 namespace {
 
-QFont font(const tree_node& node) {
-  QFont font = platform::window_font();
-  font.setPointSize(node.font_size);
-  font.setBold(node.bold);
-  return font;
-}
+/// Keeps its colours on the ground of a selected row, where the toolkit would mix them with that.
+class unmixed : public QIconEngine {
+ public:
+  explicit unmixed(QIcon icon) : icon_(std::move(icon)) {}
+
+  void paint(QPainter* painter, const QRect& rect, QIcon::Mode mode, QIcon::State state) override {
+    icon_.paint(painter, rect, Qt::AlignCenter, plain(mode), state);
+  }
+  QPixmap pixmap(const QSize& size, QIcon::Mode mode, QIcon::State state) override {
+    return icon_.pixmap(size, plain(mode), state);
+  }
+  [[nodiscard]] QIconEngine* clone() const override { return new unmixed(*this); }
+
+ private:
+  static QIcon::Mode plain(QIcon::Mode mode) {
+    return mode == QIcon::Selected ? QIcon::Normal : mode;
+  }
+  QIcon icon_;
+};
 
 }  // namespace
 
@@ -108,7 +123,8 @@ int tree_model::columnCount(const QModelIndex&) const {
   return 1;
 }
 
-// Of a node without children, keyboard and screen reader would else hear that it could be closed.
+// A node without children says so: keyboard and screen reader would else take it for an open one
+// that can be closed.
 Qt::ItemFlags tree_model::flags(const QModelIndex& index) const {
   const Qt::ItemFlags usual = QAbstractItemModel::flags(index);
   const bool leaf = index.isValid() && node_at(index)->children.empty();
@@ -126,7 +142,7 @@ QVariant tree_model::data(const QModelIndex& index, int role) const {
     case Qt::FontRole:
       return font(node);
     case Qt::AccessibleDescriptionRole:
-      return &node == marked() ? "移動する項目" : QString();
+      return to_toolkit(node.kind) + (&node == marked() ? "、移動する項目" : "");
     case Qt::DecorationRole:
       return picture(node.expanded && !node.expanded_image.empty() ? node.expanded_image
                                                                    : node.image);
@@ -143,12 +159,25 @@ const tree_node& tree_model::family(const QModelIndex& parent) const {
   return parent.isValid() ? *node_at(parent) : nodes_.top();
 }
 
+// The sizes of the nodes were chosen for windows of the usual font. A font that is made anew for
+// each row would be looked up anew.
+QFont tree_model::font(const tree_node& node) const {
+  const auto [place, is_new] = fonts_.try_emplace({node.font_size, node.bold});
+  QFont& font = place->second;
+  if (is_new) {
+    font = platform::window_font();
+    font.setPointSizeF(node.font_size * platform::font_scale());
+    font.setBold(node.bold);
+  }
+  return font;
+}
+
 QIcon tree_model::picture(const std::string& key) const {
   if (key.empty() || !pictures_) return {};
   const QString name = to_toolkit(key);
   const auto found = icons_.constFind(name);
   if (found != icons_.constEnd()) return *found;
-  return *icons_.insert(name, QIcon(to_toolkit(pictures_->path(key))));
+  return *icons_.insert(name, QIcon(new unmixed(QIcon(to_toolkit(pictures_->path(key))))));
 }
 
 }  // namespace ta_vorlumine

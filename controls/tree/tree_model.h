@@ -1,9 +1,12 @@
 #pragma once
 
 #include <QAbstractItemModel>
+#include <QFont>
 #include <QHash>
 #include <QIcon>
+#include <map>
 #include <string_view>
+#include <utility>
 
 #include "controls/tree/tree_nodes.h"
 #include "platform/image_list.h"
@@ -43,17 +46,20 @@ class tree_model : public QAbstractItemModel {
   [[nodiscard]] int rowCount(const QModelIndex& parent) const override;
   [[nodiscard]] int columnCount(const QModelIndex& parent) const override;
   [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& index) const override;
+  [[nodiscard]] QVariant headerData(int, Qt::Orientation, int) const override { return {}; }
   [[nodiscard]] QVariant data(const QModelIndex& index, int role) const override;
 
  private:
   [[nodiscard]] QModelIndex at(std::size_t row, const tree_node& node) const;
   [[nodiscard]] const tree_node& family(const QModelIndex& parent) const;
+  [[nodiscard]] QFont font(const tree_node& node) const;
   [[nodiscard]] QIcon picture(const std::string& key) const;
 
   tree_nodes& nodes_;
   const QWidget& view_;
   const platform::ImageList* pictures_ = nullptr;
   mutable QHash<QString, QIcon> icons_;
+  mutable std::map<std::pair<int, bool>, QFont> fonts_;  // by size and weight
   std::string marked_key_;
   bool hidden_ = false;
 };

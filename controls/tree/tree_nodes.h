@@ -27,6 +27,7 @@ struct tree_node {
   std::string tag;
   std::string image;
   std::string expanded_image;
+  std::string kind;  ///< in words
   RGB colour;
   int font_size = 9;
   bool bold = false;

@@ -156,7 +156,8 @@ void tree_search::step(bool forward) {
   go_to(forward ? texts().next(current(), false) : texts().previous(current()));
 }
 
-// What the hit leads to may bring other nodes.
+// The place among the hits is shown first: on_hit selects the node, which may load the tree anew,
+// and these hits are gone then.
 void tree_search::go_to(std::size_t number) {
   tell(QString("%1 / %2").arg(number + 1).arg(texts().hits()));
   on_hit(texts().hit(number));

@@ -26,6 +26,12 @@ void SSTree::tree_view::select(const tree_node* node) {
   }
 }
 
+void SSTree::tree_view::move_keyboard(const tree_node& node) {
+  const QScopedValueRollback quiet(quiet_, true);
+  clearSelection();
+  selectionModel()->setCurrentIndex(model.index_of(node), QItemSelectionModel::NoUpdate);
+}
+
 // The toolkit would select a neighbour of what goes, which nobody has chosen.
 void SSTree::tree_view::remove(tree_node& node) {
   const tree_node* chosen = selected();
@@ -51,6 +57,7 @@ void SSTree::tree_view::move(tree_node& node, tree_node& parent) {
 void SSTree::tree_view::close_over_current(const QModelIndex& folder) {
   tree_node* const node = tree_model::node_at(folder);
   node->expanded = false;
+  widest_is_outdated_ = true;
   const tree_node* chosen = selected();
   if (chosen && chosen != node && lies_below(model.index_of(*chosen), folder)) {
     select(node);

@@ -5,6 +5,7 @@
 #include <QMouseEvent>
 #include <QScopedValueRollback>
 
+#include "platform/fonts.h"
 #include "platform/key_codes.h"
 
 namespace ta_vorlumine {
@@ -20,9 +21,12 @@ SSTree::tree_view::tree_view(SSTree& tree)
     : model(tree.nodes_, *this), tree_(tree), search_(tree.nodes_, *this) {
   setModel(&model);
   setHeaderHidden(true);
-  header()->setSectionResizeMode(QHeaderView::ResizeToContents);
-  header()->setResizeContentsPrecision(0);
-  // By rows, the toolkit would have a screen reader select the row of this number at the top.
+  constexpr int icon = 240;  // twips
+  setIconSize(QSize(platform::scaled_pixels(icon), platform::scaled_pixels(icon)));
+  header()->setSectionResizeMode(QHeaderView::Fixed);
+  header()->setStretchLastSection(false);
+  // With SelectRows the toolkit, asked by a screen reader for a nested node, would select the node
+  // that has the same row number at the top of the tree.
   setSelectionBehavior(SelectItems);
   setEditTriggers(NoEditTriggers);
   setAcceptDrops(true);
@@ -31,7 +35,22 @@ SSTree::tree_view::tree_view(SSTree& tree)
           [](const QModelIndex& index) { tree_model::node_at(index)->expanded = true; });
   connect(this, &QTreeView::collapsed, this,
           [this](const QModelIndex& index) { close_over_current(index); });
+  follow_nodes();
   set_up_search();
+}
+
+// The search and the width of the column hold what they have read of the nodes' texts: both forget
+// it when a node changes.
+void SSTree::tree_view::follow_nodes() {
+  const auto forget = [this] {
+    search_.forget_nodes();
+    widest_is_outdated_ = true;
+  };
+  connect(&model, &tree_model::modelReset, this, forget);
+  connect(&model, &tree_model::rowsInserted, this, forget);
+  connect(&model, &tree_model::rowsAboutToBeRemoved, this, forget);
+  connect(&model, &tree_model::rowsMoved, this, forget);
+  connect(&model, &tree_model::dataChanged, this, forget);
 }
 
 // The keyboard's place survives a rebuild, unselected, so that whoever works without a mouse goes
@@ -45,6 +64,8 @@ void SSTree::tree_view::redraw(bool on) {
     model.hide(true);
   } else {
     model.hide(false);
+    widest_ = 0;
+    fit_column();
     show_expansions();
     if (const tree_node* current = tree_.nodes_.find(current_key_)) {
       setAutoScroll(false);
@@ -149,12 +170,6 @@ void SSTree::tree_view::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   QTreeView::mouseDoubleClickEvent(event);
   if (event->button() == Qt::LeftButton && !on_arrow(place)) raise_open(node_at(place));
-}
-
-// A row takes a click over the whole width, however short its text.
-void SSTree::tree_view::resizeEvent(QResizeEvent* event) {
-  header()->setMinimumSectionSize(viewport()->width());
-  QTreeView::resizeEvent(event);
 }
 
 }  // namespace ta_vorlumine

@@ -26,6 +26,7 @@ class SSTree::tree_view : public QTreeView {
   void move(tree_node& node, tree_node& parent);
   [[nodiscard]] const tree_node* selected() const;
   void select(const tree_node* node);  ///< raises no event
+  void move_keyboard(const tree_node& node);
   /// Scrolls there, or will when next drawn.
   void show_on_top(const tree_node& node);
   [[nodiscard]] const tree_node* node_at(QPoint place) const;
@@ -37,6 +38,7 @@ class SSTree::tree_view : public QTreeView {
 
   /// What is typed on the tree opens the search box.
   void keyboardSearch(const QString& typed) override;
+  void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;
 
  protected:
   void inputMethodEvent(QInputMethodEvent* event) override;
@@ -56,7 +58,9 @@ class SSTree::tree_view : public QTreeView {
   void scrollContentsBy(int dx, int dy) override;
   void drawRow(QPainter* painter, const QStyleOptionViewItem& option,
                const QModelIndex& index) const override;
+  void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
+  bool viewportEvent(QEvent* event) override;
   void updateGeometries() override;
   void contextMenuEvent(QContextMenuEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
@@ -64,6 +68,7 @@ class SSTree::tree_view : public QTreeView {
  private:
   [[nodiscard]] bool on_arrow(QPoint place) const;
   void show_expansions();
+  void scroll_sideways(bool left);
   void step_sideways(const QModelIndex& from, bool left);
   void close_over_current(const QModelIndex& folder);
   void raise_click(const tree_node* node);
@@ -71,7 +76,11 @@ class SSTree::tree_view : public QTreeView {
   void raise_drag_over(QPoint place);
   void scroll_at_edge();
   void open_what_is_rested_on();
+  void follow_nodes();
   void set_up_search();
+  /// Where the text of the row ends, in the viewport.
+  [[nodiscard]] int right_end(const QModelIndex& index) const;
+  void fit_column();
   void open_menu_of_current();
   void open_menu(QPoint place);
   void add_commands(QMenu& menu);
@@ -91,6 +100,8 @@ class SSTree::tree_view : public QTreeView {
   int beats_at_edge_ = 0;
   int beats_at_rest_ = 0;
   QPersistentModelIndex rested_on_;
+  int widest_ = 0;  // of the rows that have come into view
+  bool widest_is_outdated_ = false;
   tree_search search_;
   std::string current_key_;  // while drawing is off
   std::string top_key_;      // of what will be on top when drawn

@@ -11,7 +11,8 @@ from gi.repository import Atspi, GLib  # noqa: E402
 DEADLINE = 15  # seconds
 # A busy machine may answer later than within the usual 800 ms, and an event half read would be lost.
 Atspi.set_timeout(1000 * DEADLINE, 1000 * DEADLINE)
-KEYS = {"Return": 36, "Tab": 23, "Down": 116, "F2": 68, "Space": 65}  # as a PC's keyboard sends
+KEYS = {"Escape": 9, "Tab": 23, "Return": 36, "F": 41, "Space": 65, "F2": 68, "Home": 110, "Up": 111,
+        "Down": 116, "Menu": 135}  # as a PC's keyboard sends
 
 
 class Missing(Exception):
@@ -142,9 +143,9 @@ class Window:
     def write(self, name, text):
         write(self.find("text", name), text)
 
-    def select(self, role, name):
+    def select(self, role, name, description=None):
         """Selects a node of a tree or an entry of a list."""
-        thing = self.find(role, name)
+        thing = self.find(role, name, description)
         if not has(thing, Atspi.StateType.SELECTED):
             do(thing, "Toggle")
         wait_for(f"{name} being selected", lambda: has(thing, Atspi.StateType.SELECTED))
