@@ -3,8 +3,11 @@
 #include <array>
 #include <cstddef>
 #include <string_view>
+#include <vector>
 
+#include "store/connection.h"
 #include "store/words.h"
+#include "tool/progress.h"
 
 namespace rule_store {
 
@@ -50,5 +53,12 @@ inline constexpr std::array copied_tables{
                  "b_val) values(<definition>,<condition>,<line>,'<use type>','<text>',<method>,"
                  "'<date from>',<method>,'<date to>',<method>,<number from>,<method>,<number to>,"
                  "<method>,<answer>)"}};
+
+/// The rows of each of these tables.
+using table_rows = std::vector<ADODB::Recordset>;
+[[nodiscard]] table_rows read_rows(ADODB::Connection& connection, const progress& tell);
+
+/// The same of the store that a connection string names, at one moment; writes nothing in it.
+[[nodiscard]] table_rows read_rows(const std::string& connect_string, const progress& tell);
 
 }  // namespace rule_store

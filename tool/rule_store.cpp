@@ -1,3 +1,5 @@
+#include <unistd.h>
+
 #include <iostream>
 #include <string_view>
 #include <vector>
@@ -6,5 +8,6 @@
 
 int main(int argc, char* argv[]) {
   const std::vector<std::string_view> arguments(argv + (argc > 0 ? 1 : 0), argv + argc);
-  return rule_store::run_command(arguments, std::cout, std::cerr);
+  std::ostream* const terminal = isatty(STDERR_FILENO) != 0 ? &std::cerr : nullptr;
+  return rule_store::run_command(arguments, std::cout, std::cerr, terminal);
 }

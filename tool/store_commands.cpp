@@ -3,12 +3,17 @@
 #include <algorithm>
 #include <array>
 #include <exception>
-#include <optional>
 #include <stdexcept>
 #include <string>
 
+#include "tool/command_line.h"
+#include "tool/embedded_scripts.h"
+#include "tool/held_signals.h"
+#include "tool/help.h"
+#include "tool/progress.h"
 #include "tool/store_check.h"
 #include "tool/store_copy.h"
+#include "tool/store_json.h"
 #include "tool/store_maker.h"
 #include "tool/store_print.h"
 #include "tool/store_repair.h"
@@ -17,144 +22,171 @@
 namespace rule_store {
 namespace {
 
-using argument_list = std::span<const std::string_view>;
+enum exit_code { done = 0, failed = 1, called_wrongly = 2, faults_found = 3 };
 
-/// One command of the tool. `run` gives the exit code, or none if the arguments don't fit; it may
-/// fail by an exception.
+/// One call of a command.
+struct call {
+  const given_arguments& given;
+  std::ostream& output;
+  progress_line& line;
+
+  [[nodiscard]] const std::string& store() const { return given.others()[1]; }
+  [[nodiscard]] progress tell() const {
+    return [this](const std::string& doing) { line.show(doing); };
+  }
+};
+
+/// One command of the tool; it may fail by an exception.
 struct command {
   std::string_view name;
-  std::string_view usage;
-  std::optional<int> (*run)(argument_list arguments, std::ostream& output, std::ostream& errors);
-  int code_of_failure = 1;
+  std::size_t stores;
+  std::array<std::string_view, 2> options;
+  const help_text& help;
+  exit_code (*run)(const call& call);
 };
-
-/// What a command works on, and whether its one option was given.
-struct store_and_option {
-  std::string store;
-  bool has_option;
-};
-
-std::optional<store_and_option> read_arguments(argument_list arguments, std::string_view option) {
-  const auto found = std::ranges::find(arguments, option);
-  const bool has_option = found != arguments.end();
-  if (arguments.size() != (has_option ? 2U : 1U)) return std::nullopt;
-  const std::string_view store = arguments[found == arguments.begin() ? arguments.size() - 1 : 0];
-  if (store.empty() || store.starts_with("--")) return std::nullopt;
-  return store_and_option{std::string(store), has_option};
-}
 
 /// Hands over what was written so far. Raises if anything of it could not be: a full disk, say.
 void flush(std::ostream& output) {
   if (!output.flush()) throw std::runtime_error("the output could not be written");
 }
 
-std::optional<int> init(argument_list arguments, std::ostream&, std::ostream&) {
-  const auto given = read_arguments(arguments, "--sample");
-  if (!given) return std::nullopt;
-  make_store(given->store, given->has_option ? content::sample : content::empty);
-  return 0;
+exit_code init(const call& call) {
+  make_store(call.store(), call.given.has("--sample") ? content::sample : content::empty);
+  return done;
 }
 
-int repair(const std::string& store, std::ostream& output) {
+exit_code repair(const call& call) {
   bool is_clean = false;
   // Told before it counts, so that nothing changes of which nobody hears.
-  repair_store(store, [&](const repair_result& result) {
-    for (const std::string& done : result.mended) output << "mended: " << done << '\n';
-    for (const std::string& fault : result.faults) output << fault << '\n';
-    flush(output);
+  const auto report = [&](const repair_result& result) {
+    call.line.clear();
+    for (const std::string& mended : result.mended) call.output << "mended: " << mended << '\n';
+    for (const std::string& fault : result.faults) call.output << fault << '\n';
+    flush(call.output);
     is_clean = result.faults.empty();
-  });
-  return is_clean ? 0 : 1;
+  };
+  repair_store(connect_string_of(call.store()), report, call.tell());
+  return is_clean ? done : faults_found;
 }
 
-std::optional<int> check(argument_list arguments, std::ostream& output, std::ostream&) {
-  const auto given = read_arguments(arguments, "--repair");
-  if (!given) return std::nullopt;
-  if (given->has_option) return repair(given->store, output);
-  const auto faults = faults_of(read_store(given->store));
-  for (const std::string& fault : faults) output << fault << '\n';
-  return faults.empty() ? 0 : 1;
+exit_code check(const call& call) {
+  if (call.given.has("--repair")) return repair(call);
+  const store_rows rows = read_store(connect_string_of(call.store()), call.tell());
+  call.line.show("checking");
+  const auto faults = faults_of(rows);
+  call.line.clear();
+  for (const std::string& fault : faults) call.output << fault << '\n';
+  return faults.empty() ? done : faults_found;
 }
 
-std::optional<int> print(argument_list arguments, std::ostream& output, std::ostream&) {
-  const auto given = read_arguments(arguments, "--keys");
-  if (!given) return std::nullopt;
-  print_store(read_store(given->store),
-              given->has_option ? key_display::shown : key_display::hidden, output);
-  return 0;
+exit_code print(const call& call) {
+  const std::string connect_string = connect_string_of(call.store());
+  if (call.given.has("--json")) {
+    const table_rows tables = read_rows(connect_string, call.tell());
+    call.line.clear();
+    print_json(tables, call.output);
+    return done;
+  }
+  const store_rows rows = read_store(connect_string, call.tell());
+  call.line.clear();
+  print_store(rows, call.given.has("--keys") ? key_display::shown : key_display::hidden,
+              call.output);
+  return done;
 }
 
-std::optional<int> copy(argument_list arguments, std::ostream& output, std::ostream& errors) {
-  const bool fits = arguments.size() == 2 && std::ranges::none_of(arguments, [](auto argument) {
-                      return argument.empty() || argument.starts_with("--");
-                    });
-  if (!fits) return std::nullopt;
-  const auto report = copy_store(std::string(arguments[0]), std::string(arguments[1]),
-                                 [&](std::size_t done, std::size_t all) {
-                                   errors << done << " of " << all << " rows copied" << std::endl;
-                                 });
-  for (const std::string& row : report.unfit) output << row << '\n';
+exit_code copy(const call& call) {
+  const held_signals signals;
+  const progress tell = [&](const std::string& doing) {
+    call.line.show(doing);
+    if (!held_signals::any()) return;
+    call.line.clear();
+    throw std::runtime_error("interrupted");
+  };
+  const auto report = copy_store(connect_string_of(call.store()), call.given.others()[2], tell);
+  call.line.clear();
+  for (const std::string& row : report.unfit) call.output << row << '\n';
   if (!report.unfit.empty()) throw std::runtime_error("nothing was copied");
-  for (const std::string& fault : report.faults) output << "as in the source: " << fault << '\n';
-  return 0;
+  for (const std::string& fault : report.faults)
+    call.output << "as in the source: " << fault << '\n';
+  return done;
 }
 
-constexpr std::array commands = {
-    command{
-        "init",
-        "rule_store init FILE|CONNECT_STRING [--sample]\n"
-        "    makes the store FILE, which must not exist, or the tables of a store in the database\n"
-        "    of a server, which must not have them; with the sample definitions if wished. A text\n"
-        "    with \"=\" or \";\" in it is a connection string\n",
-        init},
-    command{
-        "check",
-        "rule_store check CONNECT_STRING [--repair]\n"
-        "    writes what breaks the shape of the store, a line each; exit status 0 if nothing "
-        "does,\n"
-        "    1 if anything does, 2 if the store can't be read. It only reads. With --repair it "
-        "first\n"
-        "    mends what no window shows, all or nothing, and writes what it did: folders and\n"
-        "    definitions of a missing folder come back under the root; rule rows without a\n"
-        "    definition or a parent go with all below them, as do lines of no condition; counters\n"
-        "    that lag are raised. The exit status is then about what is left\n",
-        check, 2},
-    command{
-        "print",
-        "rule_store print CONNECT_STRING [--keys]\n"
-        "    writes folders, definitions and rules as text to compare, with their keys if wished.\n"
-        "    It only reads\n",
-        print},
-    command{"copy",
-            "rule_store copy CONNECT_STRING FILE|CONNECT_STRING\n"
-            "    copies a whole store: into a new FILE, or a store of either engine that holds no "
-            "rows\n"
-            "    yet. One transaction: all of it, or nothing. Rows that the target can't hold are "
-            "named,\n"
-            "    and faults of the source, which the copy has, too\n",
-            copy},
-};
+constexpr std::array commands = {command{"init", 1, {"--sample"}, init_help, init},
+                                 command{"check", 1, {"--repair"}, check_help, check},
+                                 command{"print", 1, {"--keys", "--json"}, print_help, print},
+                                 command{"copy", 2, {}, copy_help, copy}};
 
-int show_usage(std::ostream& errors) {
-  errors << "usage:\n";
-  for (const command& known : commands) errors << "  " << known.usage;
-  return 2;
+void show_help(std::ostream& output) {
+  output << "Usage: rule_store COMMAND STORE [OPTION...]\n"
+            "Makes, checks, prints and copies the stores of replacement definitions.\n\n"
+            "Commands:\n";
+  for (const command& known : commands) {
+    output << "  " << known.name << ' ' << known.help.arguments << "\n                  "
+           << known.help.summary << '\n';
+  }
+  output << common_help;
+}
+
+void show_help(const command& wanted, std::ostream& output) {
+  output << "Usage: rule_store " << wanted.name << ' ' << wanted.help.arguments << '\n'
+         << wanted.help.details << common_help;
+}
+
+const command* command_named(const given_arguments& given) {
+  if (given.others().empty()) return nullptr;
+  const auto found = std::ranges::find(commands, given.others().front(), &command::name);
+  return found == commands.end() ? nullptr : &*found;
+}
+
+void check_arguments(const command& wanted, const given_arguments& given) {
+  given.allow_only(std::array{wanted.options[0], wanted.options[1], std::string_view("--quiet")});
+  if (given.has("--keys") && given.has("--json"))
+    throw usage_error("--json has the keys of all rows already");
+  const auto stores = std::span(given.others()).subspan(1);
+  if (stores.size() != wanted.stores || std::ranges::find(stores, "") != stores.end())
+    throw usage_error(wanted.stores == 1 ? "one store must be named" : "two stores must be named");
+}
+
+exit_code run(const given_arguments& given, std::ostream& output, std::ostream* terminal) {
+  const command* const wanted = command_named(given);
+  if (given.has("--help")) {
+    wanted ? show_help(*wanted, output) : show_help(output);
+    return done;
+  }
+  if (given.has("--version")) {
+    output << "rule_store " << version << '\n';
+    return done;
+  }
+  if (!wanted)
+    throw usage_error(given.others().empty() ? "a command is missing" : "unknown command");
+  check_arguments(*wanted, given);
+  progress_line line(given.has("--quiet") ? nullptr : terminal);
+  return wanted->run({given, output, line});
+}
+
+void explain_usage(const given_arguments& given, const char* fault, std::ostream& errors) {
+  const command* const wanted = command_named(given);
+  const std::string name = "rule_store" + (wanted ? ' ' + std::string(wanted->name) : "");
+  errors << name << ": " << fault << '\n';
+  if (wanted) errors << "Usage: " << name << ' ' << wanted->help.arguments << '\n';
+  errors << "Try '" << name << " --help'.\n";
 }
 
 }  // namespace
 
-int run_command(argument_list arguments, std::ostream& output, std::ostream& errors) {
-  if (arguments.empty()) return show_usage(errors);
-  const auto wanted = std::ranges::find(commands, arguments.front(), &command::name);
-  if (wanted == commands.end()) return show_usage(errors);
+int run_command(std::span<const std::string_view> arguments, std::ostream& output,
+                std::ostream& errors, std::ostream* terminal) {
+  const given_arguments given(arguments);
   try {
-    const std::optional<int> code = wanted->run(arguments.subspan(1), output, errors);
-    if (!code) return show_usage(errors);
+    const exit_code code = run(given, output, terminal);
     flush(output);
-    return *code;
+    return code;
+  } catch (const usage_error& wrong) {
+    explain_usage(given, wrong.what(), errors);
+    return called_wrongly;
   } catch (const std::exception& failure) {
     errors << "rule_store: " << failure.what() << '\n';
-    return wanted->code_of_failure;
+    return failed;
   }
 }
 

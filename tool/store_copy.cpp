@@ -17,8 +17,6 @@ namespace {
 constexpr std::size_t most_unfit_rows = 100;
 constexpr std::size_t rows_at_once = 1000;
 
-using table_rows = std::vector<ADODB::Recordset>;
-
 /// A new file that goes again unless the copy gets to its end.
 class unfinished_file {
  public:
@@ -40,12 +38,6 @@ std::string row_name(const copied_table& table, const ADODB::Fields& row) {
   for (std::size_t key = 0; key < table.keys; ++key)
     name += (key == 0 ? ' ' : '/') + row.Item(key).Value().text();
   return name;
-}
-
-table_rows read_rows(ADODB::Connection& connection) {
-  table_rows rows;
-  for (const copied_table& table : copied_tables) rows.push_back(connection.Execute(table.select));
-  return rows;
 }
 
 ADODB::statement insert_of(const copied_table& table, const ADODB::Fields& row) {
@@ -75,7 +67,7 @@ bool same_cells(const ADODB::Fields& one, const ADODB::Fields& other) {
 /// Puts the rows of a source into the tables of a target, inside the target's transaction.
 class row_copier {
  public:
-  row_copier(const table_rows& rows, ADODB::Connection& target, const copy_progress& tell)
+  row_copier(const table_rows& rows, ADODB::Connection& target, const progress& tell)
       : rows_(rows), target_(target), tell_(tell) {
     for (const ADODB::Recordset& table : rows) all_ += table.RecordCount();
   }
@@ -98,8 +90,10 @@ class row_copier {
   // A savepoint for each row lets the transaction go on behind a refused one on every engine.
   std::vector<std::string> refused_rows() {
     std::vector<std::string> refused;
+    std::size_t tried = 0;
     for_each_row([&](const copied_table& table, const ADODB::Fields& row) {
       if (refused.size() == most_unfit_rows) return;
+      if (tried++ % 100 == 0) tell_("looking for rows that don't fit: " + std::to_string(tried));
       target_.Execute("savepoint a_row");
       try {
         target_.Execute(insert_of(table, row));
@@ -117,7 +111,7 @@ class row_copier {
   /// keeps, say.
   std::vector<std::string> changed_rows() {
     std::vector<std::string> changed;
-    const table_rows copied = read_rows(target_);
+    const table_rows copied = read_rows(target_, tell_);
     for (std::size_t i = 0; i < rows_.size(); ++i) {
       for (std::size_t row = 0; row < rows_[i].RecordCount(); ++row) {
         const ADODB::Fields original = rows_[i].Fields(row);
@@ -142,13 +136,13 @@ class row_copier {
   void insert_waiting() {
     target_.ExecuteAll(waiting_);
     done_ += waiting_.size();
-    if (waiting_.size() == rows_at_once) tell_(done_, all_);
+    tell_("copying: " + std::to_string(done_) + " of " + std::to_string(all_) + " rows");
     waiting_.clear();
   }
 
   const table_rows& rows_;
   ADODB::Connection& target_;
-  const copy_progress& tell_;
+  const progress& tell_;
   std::size_t all_ = 0;
   std::size_t done_ = 0;
   std::vector<ADODB::statement> waiting_;  ///< inserts that are sent together
@@ -166,8 +160,8 @@ void refuse_used_tables(const table_rows& rows) {
 
 /// In the target's open transaction. What it gives is empty if all rows stand as in the source.
 std::vector<std::string> copy_rows(const table_rows& rows, ADODB::Connection& target,
-                                   const copy_progress& tell) {
-  refuse_used_tables(read_rows(target));
+                                   const progress& tell) {
+  refuse_used_tables(read_rows(target, tell));
   target.Execute("delete from seqno");
   target.Execute("savepoint no_row");
   row_copier copier(rows, target, tell);
@@ -180,13 +174,12 @@ std::vector<std::string> copy_rows(const table_rows& rows, ADODB::Connection& ta
 
 }  // namespace
 
-copy_report copy_store(const std::string& source, const std::string& target,
-                       const copy_progress& tell) {
+copy_report copy_store(const std::string& source, const std::string& target, const progress& tell) {
   ADODB::Connection from;
   from.Open(source, ADODB::access::reading);
   from.BeginTrans();
-  const table_rows rows = read_rows(from);
-  copy_report report{{}, faults_of(read_tables(from))};
+  const table_rows rows = read_rows(from, tell);
+  copy_report report{{}, faults_of(read_tables(from, tell))};
   from.Close();
 
   const std::string new_file = missing_file(target);
@@ -197,7 +190,7 @@ copy_report copy_store(const std::string& source, const std::string& target,
   to.BeginTrans(ADODB::purpose::writing);
   report.unfit = copy_rows(rows, to, tell);
   if (!report.unfit.empty()) return report;
-  if (faults_of(read_tables(to)) != report.faults)
+  if (faults_of(read_tables(to, tell)) != report.faults)
     throw ADODB::Error(ADODB::failure_kind::other, "the copy does not read like its source");
   to.CommitTrans();
   file.keep();

@@ -27,7 +27,7 @@ class printer {
   void print() {
     print_titles();
     print_left_out("replace", rows_.titles.size() - titles_);
-    print_left_out("replace_m", rows_.rules.size() - rules_);
+    print_left_out("replace_m", rows_.rules.size() - rules_.size());
     print_left_out("replace_cond", rows_.lines.size() - lines_.size());
   }
 
@@ -62,9 +62,10 @@ class printer {
   }
 
   void add_content(key folder, int level, waiting_rows<title_row>& waiting) {
-    const auto content = by_folder_.find(folder);
-    if (content == by_folder_.end()) return;
-    const auto& rows = content->second;
+    // Printed once: where numbers aren't unique, or 0, a folder may lie in itself.
+    const auto content = by_folder_.extract(folder);
+    if (content.empty()) return;
+    const auto& rows = content.mapped();
     for (auto row = rows.rbegin(); row != rows.rend(); ++row) waiting.emplace_back(*row, level);
   }
 
@@ -84,6 +85,7 @@ class printer {
     while (!waiting.empty()) {
       const auto [row, row_level] = waiting.back();
       waiting.pop_back();
+      if (!rules_.insert(row).second) continue;
       print_rule(*row, row_level);
       add_children(definition, row->no, row_level + 1, waiting);
     }
@@ -95,7 +97,6 @@ class printer {
   }
 
   void print_rule(const rule_row& row, int level) {
-    ++rules_;
     print_line(level, rule_text(row, rows_), {row.no});
     if (row.is_condition()) print_lines(row, level + 1);
     if (row.is_value()) print_line(level + 1, content_text(row, rows_));
@@ -112,9 +113,10 @@ class printer {
   key_display keys_;
   std::ostream& output_;
   std::map<key, std::vector<const title_row*>> by_folder_;
-  // What has been printed of each table. Two conditions may wrongly share their lines.
+  // What has been printed of each table. Two conditions may wrongly share their lines, and two
+  // definitions their rules.
   std::size_t titles_ = 0;
-  std::size_t rules_ = 0;
+  std::set<const rule_row*> rules_;
   std::set<const line_row*> lines_;
 };
 

@@ -20,8 +20,9 @@ using ADODB::sql;
 /// Mends the rows of a store, which are given as they were read before.
 class row_repair {
  public:
-  row_repair(ADODB::Connection& connection, const store_rows& rows, row_report& mended)
-      : connection_(connection), rows_(rows), mended_(mended) {
+  row_repair(ADODB::Connection& connection, const store_rows& rows, row_report& mended,
+             const progress& tell)
+      : connection_(connection), rows_(rows), mended_(mended), tell_(tell) {
     for (const rule_row& row : rows.rules) ++rows_with_[{row.definition, row.no}];
   }
 
@@ -43,11 +44,10 @@ class row_repair {
 
   void bring_back(const title_row& row) {
     if (row.parent == 0 || rows_.title(row.parent) || !is_number(row.no)) return;
-    connection_.Execute(
-        sql("update replace set p_replace_no=0 where replace_no=<replace_no>", {row.no}));
-    mended_.add("replace", {row.no},
-                title_text(row) + " brought back under the root: its folder " +
-                    text_of(row.parent) + " does not exist");
+    mend(sql("update replace set p_replace_no=0 where replace_no=<replace_no>", {row.no}),
+         "replace", {row.no},
+         title_text(row) + " brought back under the root: its folder " + text_of(row.parent) +
+             " does not exist");
   }
 
   void remove_branch(const rule_row& top) {
@@ -68,13 +68,12 @@ class row_repair {
   bool remove(const rule_row& row, const std::string& reason) {
     const bool is_alone = rows_with_.at({row.definition, row.no}) == 1;
     if (!is_alone || !is_number(row.definition) || !is_number(row.no)) return false;
-    connection_.Execute(
-        sql("delete from replace_m where replace_no=<replace_no> and replace_m_no=<replace_m_no>",
-            {row.definition, row.no}));
-    removed_.insert(&row);
     const std::string content = row.is_value() ? ", " + content_text(row, rows_) : "";
-    mended_.add("replace_m", {row.definition, row.no},
-                rule_text(row, rows_) + content + " removed: " + reason);
+    mend(sql("delete from replace_m where replace_no=<replace_no> and replace_m_no=<replace_m_no>",
+             {row.definition, row.no}),
+         "replace_m", {row.definition, row.no},
+         rule_text(row, rows_) + content + " removed: " + reason);
+    removed_.insert(&row);
     return true;
   }
 
@@ -96,17 +95,24 @@ class row_repair {
 
   void remove(const line_row& line, const std::string& reason) {
     if (!is_number(line.definition) || !is_number(line.condition) || !is_number(line.sno)) return;
-    connection_.Execute(
-        sql("delete from replace_cond where replace_no=<replace_no> and "
-            "replace_cond_no=<replace_cond_no> and sno=<sno>",
-            {line.definition, line.condition, line.sno}));
-    mended_.add("replace_cond", {line.definition, line.condition, line.sno},
-                line_text(line) + " removed: " + reason);
+    mend(sql("delete from replace_cond where replace_no=<replace_no> and "
+             "replace_cond_no=<replace_cond_no> and sno=<sno>",
+             {line.definition, line.condition, line.sno}),
+         "replace_cond", {line.definition, line.condition, line.sno},
+         line_text(line) + " removed: " + reason);
+  }
+
+  void mend(const ADODB::statement& change, std::string_view table,
+            std::initializer_list<key> numbers, const std::string& what) {
+    connection_.Execute(change);
+    mended_.add(table, numbers, what);
+    tell_("mending: row " + std::to_string(mended_.lines().size()));
   }
 
   ADODB::Connection& connection_;
   const store_rows& rows_;
   row_report& mended_;
+  const progress& tell_;
   std::map<std::pair<key, key>, int> rows_with_;  ///< how many bear a definition and a number
   std::set<const rule_row*> removed_;
 };
@@ -130,15 +136,15 @@ void raise_counters(ADODB::Connection& connection, const store_rows& rows, row_r
 }  // namespace
 
 void repair_store(const std::string& connect_string,
-                  const std::function<void(const repair_result&)>& tell) {
+                  const std::function<void(const repair_result&)>& report, const progress& tell) {
   ADODB::Connection connection;
   connection.Open(connect_string);
   connection.BeginTrans(ADODB::purpose::writing);
   row_report mended;
-  const store_rows found = read_tables(connection);
-  row_repair(connection, found, mended).run();
-  raise_counters(connection, read_tables(connection), mended);
-  tell({mended.lines(), faults_of(read_tables(connection))});
+  const store_rows found = read_tables(connection, tell);
+  row_repair(connection, found, mended, tell).run();
+  raise_counters(connection, read_tables(connection, tell), mended);
+  report({mended.lines(), faults_of(read_tables(connection, tell))});
   connection.CommitTrans();
 }
 

@@ -190,17 +190,18 @@ line_row line_row::without_fillers() const {
   return line;
 }
 
-store_rows read_tables(ADODB::Connection& connection) {
+store_rows read_tables(ADODB::Connection& connection, const progress& tell) {
+  if (tell) tell("reading all tables");
   store_rows rows = read_unsorted(connection);
   sort(rows);
   return rows;
 }
 
-store_rows read_store(const std::string& connect_string) {
+store_rows read_store(const std::string& connect_string, const progress& tell) {
   ADODB::Connection connection;
   connection.Open(connect_string, ADODB::access::reading);
   connection.BeginTrans();
-  store_rows rows = read_tables(connection);
+  store_rows rows = read_tables(connection, tell);
   connection.RollbackTrans();
   return rows;
 }

@@ -9,6 +9,7 @@
 
 #include "store/connection.h"
 #include "store/value.h"
+#include "tool/progress.h"
 
 namespace rule_store {
 
@@ -99,10 +100,10 @@ struct store_rows {
 
 /// Reads the store that the connection string names, and writes nothing. Every failure is an
 /// ADODB::Error.
-[[nodiscard]] store_rows read_store(const std::string& connect_string);
+[[nodiscard]] store_rows read_store(const std::string& connect_string, const progress& tell = {});
 
 /// The same through an open connection, in whose transaction the tables fit together while other
 /// programs write.
-[[nodiscard]] store_rows read_tables(ADODB::Connection& connection);
+[[nodiscard]] store_rows read_tables(ADODB::Connection& connection, const progress& tell = {});
 
 }  // namespace rule_store

@@ -1,0 +1,57 @@
+#include "tool/store_json.h"
+
+#include "tool/json_text.h"
+
+namespace rule_store {
+namespace {
+
+/// The names of a select's columns, in its own order.
+std::vector<std::string> column_names(std::string_view select) {
+  constexpr std::string_view before = "select ";
+  std::string_view rest = select.substr(before.size());
+  rest = rest.substr(0, rest.find(" from "));
+  std::vector<std::string> names;
+  for (;;) {
+    const std::size_t end = rest.find(',');
+    names.emplace_back(rest.substr(0, end));
+    if (end == std::string_view::npos) return names;
+    rest.remove_prefix(end + 1);
+  }
+}
+
+/// A column of texts gives strings alone; another one also numbers, true and false.
+std::string json_value(const ADODB::Value& cell, bool is_text) {
+  if (cell.is_null()) return "null";
+  if (!is_text && cell == ADODB::Value(true)) return "true";
+  if (!is_text && cell == ADODB::Value(false)) return "false";
+  const std::string text = cell.text();
+  return !is_text && is_json_number(text) ? text : json_string(text);
+}
+
+void print_rows(const copied_table& table, const ADODB::Recordset& rows, std::ostream& output) {
+  const std::vector<std::string> names = column_names(table.select);
+  for (std::size_t row = 0; row < rows.RecordCount(); ++row) {
+    const ADODB::Fields cells = rows.Fields(row);
+    output << (row == 0 ? "\n    {" : ",\n    {");
+    for (std::size_t column = 0; column < names.size(); ++column) {
+      output << (column == 0 ? "" : ", ") << json_string(names[column]) << ": "
+             << json_value(cells.Item(column).Value(), table.insert.is_quoted(column));
+    }
+    output << '}';
+  }
+}
+
+}  // namespace
+
+void print_json(const table_rows& tables, std::ostream& output) {
+  output << "{\n  \"format\": 1";
+  for (std::size_t i = 0; i < tables.size(); ++i) {
+    const copied_table& table = copied_tables.at(i);
+    output << ",\n  " << json_string(table.name) << ": [";
+    print_rows(table, tables[i], output);
+    output << (tables[i].RecordCount() == 0 ? "]" : "\n  ]");
+  }
+  output << "\n}\n";
+}
+
+}  // namespace rule_store
