@@ -59,7 +59,7 @@ void fault_trial::take_turn(QWidget& top) {
   if (has_failed() && after_failure.empty()) after_failure = content();
   // A title whose answer was lost is taken, by the definition itself.
   if (way.size() > 1 && way.end()[-2].starts_with("そのタイトル")) type("Text1", "別");
-  if (has_failed() && !is_patient_) return close(top);
+  if (has_failed() && !is_patient_) return static_cast<void>(top.close());
   faults_->mend();
   has_left_ = has_left_ || is_done();
   has_left_ ? leave(top) : do_step(window);
@@ -88,12 +88,6 @@ void fault_trial::read(QMessageBox& box) {
   const bool is_early = command_->steps.contains("r_yesno_cond");
   was_deceived = was_deceived || (text == "設定完了！" && !is_early && !is_done());
   box.button(may_leave && is_patient_ ? QMessageBox::Cancel : QMessageBox::Ok)->click();
-}
-
-// The editor stays until the title is stored.
-void fault_trial::close(QWidget& top) {
-  if (std::ranges::count(way, way.back()) > 4) faults_->mend();
-  top.close();
 }
 
 bool fault_trial::is_done() {

@@ -69,7 +69,6 @@ class fault_trial : public window_player {
   void take_turn(QWidget& top) override;
   [[nodiscard]] std::string name() const override;
   void read(QMessageBox& box);
-  void close(QWidget& top);
   void do_step(const std::string& window);
   [[nodiscard]] bool is_done();
   [[nodiscard]] bool has_failed() const { return !faults_->failed().empty(); }

@@ -25,6 +25,11 @@ void paired_user::take_turn(QWidget& top) {
   // A copy can't be left under the title of its source.
   const bool is_title_taken = !messages_.empty() && messages_.back().starts_with("そのタイトル");
   if (is_title_taken && window == "replace_create") type("Text1", "別");
+  if (turns_ > 30 && !leaves_) {
+    // A button that stays off: the other user has filled the place.
+    found_nothing_ = true;
+    leaves_ = true;
+  }
   leaves_ = leaves_ || is_done_();
   leaves_ ? leave(top) : do_step(top);
 }

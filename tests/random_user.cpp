@@ -51,10 +51,12 @@ void random_user::pick(const std::vector<choice>& choices) {
 
 void random_user::walk(const std::string& connect_string, int turns) {
   wanted_ = done_ + turns;
+  const QFont font = QApplication::font();
   while (done_ < wanted_) {
     fresh_ = true;
     play([&] { show_browser(connect_string); });
   }
+  QApplication::setFont(font);
 }
 
 void random_user::take_turn(QWidget& top) {
@@ -79,7 +81,12 @@ void random_user::do_something(QWidget& top) {
         {top.findChild<QWidget*>("fg") ? 60 : 0, [&] { use_grid(); }},
         {in_browser ? 0 : 15, [&] { type_any(); }},
         {45, [&] { press_any(); }},
-        {4, [&] { press_any_key(); }},
+        {10, [&] { press_any_key(); }},
+        {has_tree ? 8 : 0, [&] { use_menu(); }},
+        {has_tree ? 4 : 0, [&] { search_any(); }},
+        {4, [&] { paste_any(); }},
+        {2, [&] { resize_any(top); }},
+        {1, [&] { change_font(); }},
         {1, [&] { close_by_frame(top); }}});
 }
 
@@ -90,8 +97,8 @@ void random_user::answer(QWidget& box) {
   const auto is_begin = [&](const char* known) {
     return text.starts_with(known) || engine_text(text).starts_with(known);
   };
-  if (message.windowTitle() != "Quorvi" || std::ranges::none_of(known_texts, is_begin))
-    give_up("nobody should read this");
+  const bool is_known = reads_anything || std::ranges::any_of(known_texts, is_begin);
+  if (message.windowTitle() != "Quorvi" || !is_known) give_up("nobody should read this");
   pick({{8, [&] { message.button(QMessageBox::Ok)->click(); }},
         {2, [&] { any_of(message.buttons())->click(); }},
         {1, [&] { message.reject(); }}});

@@ -8,8 +8,8 @@
 
 namespace harness {
 
-/// Presses, clicks, types, drags, answers and closes whatever is there, at random; the same seed on
-/// the same store does the same. A text that no user should ever read ends the process.
+/// Presses, clicks, types, pastes, drags, answers and closes whatever is there, at random; the same
+/// seed on the same store does the same. A text that no user should ever read ends the process.
 class random_user : public window_player {
  public:
   explicit random_user(std::uint64_t seed) : seed_(seed), random_(seed) {}
@@ -18,6 +18,8 @@ class random_user : public window_player {
   std::function<void()> look = [] {};
   /// Hears of each action before it is done.
   std::function<void(const std::string& action)> tell = [](const std::string&) {};
+  /// For a store out of order: no text is a defect.
+  bool reads_anything = false;
 
   /// Opens the title browser over the store, again whenever it was closed, for so many turns; then
   /// leaves all windows.
@@ -44,6 +46,11 @@ class random_user : public window_player {
   void click_any_node(bool twice);
   void drag_any_node();
   void press_any_key();
+  void use_menu();
+  void search_any();
+  void paste_any();
+  void resize_any(QWidget& top);
+  void change_font();
   void close_by_frame(QWidget& top);
 
   void pick(const std::vector<choice>& choices);

@@ -1,9 +1,11 @@
 #include <QAbstractButton>
 #include <QApplication>
+#include <QClipboard>
 #include <QComboBox>
 #include <QFileDialog>
 #include <QInputMethodEvent>
 #include <QLineEdit>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QTableView>
 #include <QTest>
@@ -80,7 +82,7 @@ void random_user::use_grid() {
     const QPoint place(below(area.width()), below(area.height()));
     return QTest::mouseClick(&area, Qt::LeftButton, {}, place);
   }
-  const int column = 5 + below(grid().model()->columnCount() - 5);
+  const int column = 5 + below(grid().model()->columnCount());
   const std::string text = column % 2 == 0 ? std::to_string(1 + below(3)) : any_text(true);
   begin_cell(1 + below(rows), column, text);
   if (column % 2 == 1 && below(8) == 0) compose("", "み");
@@ -102,11 +104,58 @@ void random_user::drag_any_node() {
 }
 
 void random_user::press_any_key() {
-  static const std::vector<int> keys = {Qt::Key_Escape, Qt::Key_Return, Qt::Key_Tab,  Qt::Key_Space,
-                                        Qt::Key_Up,     Qt::Key_Down,   Qt::Key_Left, Qt::Key_Right,
-                                        Qt::Key_Delete, Qt::Key_F2,     Qt::Key_X,    Qt::Key_F10,
-                                        Qt::Key_Home,   Qt::Key_End};
-  key(any_of(keys), below(4) == 0 ? Qt::ControlModifier : Qt::NoModifier);
+  static const std::vector<int> keys = {
+      Qt::Key_Escape, Qt::Key_Return, Qt::Key_Tab,    Qt::Key_Backtab, Qt::Key_Space,
+      Qt::Key_Up,     Qt::Key_Down,   Qt::Key_Left,   Qt::Key_Right,   Qt::Key_Home,
+      Qt::Key_End,    Qt::Key_PageUp, Qt::Key_Insert, Qt::Key_Delete,  Qt::Key_F2,
+      Qt::Key_F10,    Qt::Key_X,      Qt::Key_C,      Qt::Key_1,       Qt::Key_4};
+  static const std::vector<Qt::KeyboardModifier> held = {
+      Qt::NoModifier, Qt::NoModifier, Qt::ShiftModifier, Qt::ControlModifier, Qt::AltModifier};
+  key(any_of(keys), any_of(held));
+}
+
+void random_user::use_menu() {
+  key(Qt::Key_F10, Qt::ShiftModifier);
+  auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+  if (!menu) return;
+  const auto entries = menu->actions();
+  QAction* const entry = below(2) == 0 ? entries.back() : any_of(entries);  // moving stands last
+  menu->close();
+  note("chooses " + entry->text().toStdString());
+  entry->trigger();
+}
+
+void random_user::search_any() {
+  static const std::vector<int> ends = {Qt::Key_Return, Qt::Key_Down, Qt::Key_Up, Qt::Key_Tab,
+                                        Qt::Key_Escape};
+  const auto nodes = all_nodes();
+  const QString text = any_of(nodes).data().toString();
+  key(Qt::Key_F, Qt::ControlModifier);
+  compose(below(3) > 0 ? text.left(1 + below(3)).toStdString() : any_text(false));
+  for (int left = below(4); left > 0; --left) key(any_of(ends));
+}
+
+void random_user::paste_any() {
+  std::string cells;
+  for (int left = 1 + below(6); left > 0; --left) cells += any_text(true) + "\t\t\n"[below(3)];
+  QClipboard& clipboard = *QApplication::clipboard();
+  pick({{6, [&] { clipboard.setText(QString::fromStdString(cells)); }},
+        {1, [&] { clipboard.setImage(QImage(8, 8, QImage::Format_RGB32)); }},
+        {1, [&] { clipboard.clear(); }}});
+  note("pastes " + clipboard.text().toStdString());
+  key(Qt::Key_V, Qt::ControlModifier);
+}
+
+void random_user::resize_any(QWidget& top) {
+  note("resizes " + name_of(&top));
+  top.resize(below(1500), below(1000));
+}
+
+void random_user::change_font() {
+  note("changes the font");
+  QFont font = QApplication::font();
+  font.setPointSize(6 + below(25));
+  QApplication::setFont(font);
 }
 
 void random_user::close_by_frame(QWidget& top) {
