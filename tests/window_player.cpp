@@ -34,7 +34,7 @@ void window_player::give_up(const std::string& why) const {
   std::fprintf(stderr, "%s: %s\n", name().c_str(), why.c_str());
   for (const std::string& action : last_actions_) std::fprintf(stderr, "  %s\n", action.c_str());
   std::fflush(nullptr);
-  std::_Exit(1);
+  std::abort();
 }
 
 void window_player::play(const std::function<void()>& open) {
