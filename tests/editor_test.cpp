@@ -274,6 +274,17 @@ TEST_F(Editor, ACopyThatFindsNoKeysLeftWritesNothing) {
   }
 }
 
+TEST_F(Editor, ACopyKeepsItsGapsAsLongAsTheKeysReach) {
+  store.run("update seqno set replace_m=32756");
+  browse(store, [this] {
+    open("詳細", "copy");
+    type("Text1", "写し");
+  });
+  EXPECT_EQ(store.rows("select count(*),min(replace_m_no),max(replace_m_no) from replace_m "
+                       "where replace_no=34"),
+            rows{"8|32757|32767"});
+}
+
 TEST_F(Editor, DeletesBranchesAndKeepsTheOtherwiseBranchWithTheLastCondition) {
   const auto del = [this](const std::string& path) {
     click_node(path);

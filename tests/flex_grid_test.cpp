@@ -5,13 +5,14 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QClipboard>
+#include <QHelpEvent>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QTableView>
 #include <QTest>
+#include <QToolTip>
 #include <stdexcept>
 
-#include "controls/grid/grid_paste.h"
 #include "platform/command_button.h"
 #include "platform/form.h"
 #include "platform/messages.h"
@@ -164,6 +165,20 @@ TEST_F(flex_grid, shows_words_and_headings_to_screen_readers_and_fills_its_width
   EXPECT_GE(view().columnWidth(shown(method)), 1000);
 }
 
+TEST_F(flex_grid, hints_at_a_text_that_its_cell_cuts_off) {
+  const auto hint = [this] {
+    QWidget& cells = *view().viewport();
+    QHelpEvent pointing(QEvent::ToolTip, place(1, value), cells.mapToGlobal(place(1, value)));
+    QApplication::sendEvent(&cells, &pointing);
+    return QToolTip::text().toStdString();
+  };
+  EXPECT_EQ(hint(), "");
+  const std::string long_text(100, 'x');
+  fg.TextMatrix(1, value, long_text);
+  EXPECT_EQ(hint(), long_text);
+  QToolTip::hideText();
+}
+
 TEST_F(flex_grid, is_filled_by_keyboard_alone) {
   fg.Row(3);
   type("new");
@@ -277,13 +292,6 @@ TEST_F(flex_grid, counts_characters_and_cuts_what_is_too_much) {
   EXPECT_EQ(fg.TextMatrix(1, value), "stored long ago");
 }
 
-TEST_F(flex_grid, takes_copied_cells_apart_whatever_is_in_them) {
-  const std::size_t rows = ta_vorlumine::copied_cells(QString("a\tb\n") + QChar(0xD83D)).size();
-  EXPECT_EQ(rows, 2U) << "half an emoji hides no separator";
-  const auto long_cell = ta_vorlumine::copied_cells('"' + QString(200'000, 'x') + "\n\"\tb");
-  EXPECT_EQ(long_cell.front().size(), 2U);
-}
-
 TEST_F(flex_grid, spreads_what_a_spreadsheet_has_copied_over_rows_and_columns) {
   const auto paste = [](const std::string& text) {
     QGuiApplication::clipboard()->setText(QString::fromStdString(text));
@@ -315,6 +323,9 @@ TEST_F(flex_grid, opens_drop_downs_with_one_click_and_texts_with_the_second) {
   click(2, value);
   EXPECT_EQ(cell(), "2,1");
   EXPECT_FALSE(in_edit());
+  QTest::mousePress(view().viewport(), Qt::LeftButton, {}, place(2, value));
+  QTest::mouseRelease(view().viewport(), Qt::LeftButton, {}, place(1, value));
+  EXPECT_FALSE(in_edit()) << "the pointer was taken elsewhere to be let go";
   click(2, value);
   EXPECT_TRUE(in_edit());
   type("!");

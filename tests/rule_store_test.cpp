@@ -250,9 +250,10 @@ TEST_F(StoreRepair, MendsWhatNoWindowShowsAndNothingElse) {
   EXPECT_EQ(repaired(3), unknown);
   if (!harness::on_server()) {  // no statement can name a row whose number is none
     store.ignore_checks();
-    store.run("insert into replace_m(replace_no,replace_m_no,p_replace_m_no) values(2,'x',99)");
+    store.run(
+        "insert into replace_m(replace_no,replace_m_no,p_replace_m_no) values(2,'x',99),(2,5,'x')");
     EXPECT_EQ(repaired(3).find("mended"), std::string::npos);
-    store.run("delete from replace_m where replace_m_no='x'");
+    store.run("delete from replace_m where 'x' in (replace_m_no,p_replace_m_no)");
   }
   store.run("update replace_m set replace_type='S' where replace_m_no=4");
   EXPECT_EQ(repaired(0), "");

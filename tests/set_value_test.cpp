@@ -113,6 +113,16 @@ TEST_F(ValueDialog, ChangesAValueToEachKindBlanksTheOthersAndShowsIt) {
   EXPECT_EQ(counters(), "33|40|7");
 }
 
+TEST_F(ValueDialog, TellsAScreenReaderWhatEachInputIsFor) {
+  add([] {
+    std::string names;
+    for (const char* name : {"Text1", "Text2", "Command3", "Text4", "Command5", "Combo1"})
+      names += control(name).accessibleName().toStdString() + "|";
+    EXPECT_EQ(names, "ﾃｷｽﾄ|ﾃｷｽﾄﾌｧｲﾙ|ﾃｷｽﾄﾌｧｲﾙの参照|ﾏﾙﾁﾒﾃﾞｨｱﾌｧｲﾙ|ﾏﾙﾁﾒﾃﾞｨｱﾌｧｲﾙの参照|ｱﾄﾞﾚｽ帳項目|");
+    cancel();
+  });
+}
+
 TEST_F(ValueDialog, AnInputSelectsItsKindAndEmptiesTheOthers) {
   change("不明", [] {
     EXPECT_EQ(focused_control(), "title_txt");

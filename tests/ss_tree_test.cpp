@@ -11,6 +11,7 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTest>
+#include <QToolButton>
 #include <QToolTip>
 #include <QTreeView>
 #include <stdexcept>
@@ -298,6 +299,12 @@ TEST_F(ss_tree, finds_any_part_of_a_text_by_typing) {
   for (int back = 0; back < 3; ++back) QTest::keyClick(box(), Qt::Key_Enter, Qt::ShiftModifier);
   EXPECT_EQ(found(), "4 / 4b");
   EXPECT_EQ(heard().back(), "click b");
+  const auto press = [&](const char* button) {
+    QTest::mouseClick(view().findChild<QToolButton*>(button), Qt::LeftButton);
+    return found();
+  };
+  EXPECT_EQ(press("search_previous"), "3 / 4Abc");
+  EXPECT_EQ(press("search_next"), "4 / 4b");
   QTest::keyClick(box(), Qt::Key_Escape);
   EXPECT_TRUE(view().hasFocus() && !box()->isVisible());
 }
