@@ -4,7 +4,7 @@
 #include "platform/busy_pointer.h"
 #include "platform/messages.h"
 #include "rules/branch_deletion.h"
-#include "rules/key_counters.h"
+#include "rules/new_keys.h"
 #include "rules/outdated_view.h"
 #include "rules/transaction.h"
 #include "store/sql.h"

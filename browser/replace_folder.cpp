@@ -3,7 +3,7 @@
 #include "browser/replace_form.h"
 #include "controls/tree/tree_filling.h"
 #include "platform/messages.h"
-#include "rules/key_counters.h"
+#include "rules/new_keys.h"
 #include "rules/row_checks.h"
 #include "rules/text_limits.h"
 #include "rules/transaction.h"

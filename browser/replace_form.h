@@ -51,7 +51,7 @@ class replaceForm {
   /// Gives a row of the title tree the pictures of a folder.
   static void show_as_folder(const Node& node);
 
-  /// See rules/key_counters.h.
+  /// See rules/new_keys.h.
   std::int64_t getfrom_seqno(std::string_view name);
   void update_seqno(std::string_view name);
 

@@ -1,7 +1,7 @@
 #include "conditions/new_condition.h"
 
 #include "rules/condition_rows.h"
-#include "rules/key_counters.h"
+#include "rules/new_keys.h"
 #include "rules/shared_state.h"
 #include "store/sql.h"
 

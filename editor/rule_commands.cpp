@@ -2,7 +2,7 @@
 #include "editor/replace_create.h"
 #include "platform/messages.h"
 #include "rules/condition_rows.h"
-#include "rules/key_counters.h"
+#include "rules/new_keys.h"
 #include "rules/outdated_view.h"
 #include "rules/record_values.h"
 #include "store/sql.h"

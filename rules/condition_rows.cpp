@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "rules/key_counters.h"
+#include "rules/new_keys.h"
 #include "rules/outdated_view.h"
 #include "rules/record_values.h"
 #include "store/key_counters.h"

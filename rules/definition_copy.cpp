@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "rules/branch_deletion.h"
-#include "rules/key_counters.h"
+#include "rules/new_keys.h"
 #include "rules/record_values.h"
 #include "rules/transaction.h"
 #include "store/key_counters.h"

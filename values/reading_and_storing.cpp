@@ -1,6 +1,6 @@
 #include "platform/messages.h"
 #include "rules/field_list.h"
-#include "rules/key_counters.h"
+#include "rules/new_keys.h"
 #include "rules/row_checks.h"
 #include "rules/shared_state.h"
 #include "rules/transaction.h"

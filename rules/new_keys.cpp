@@ -1,4 +1,4 @@
-#include "rules/key_counters.h"
+#include "rules/new_keys.h"
 
 #include <array>
 #include <stdexcept>
