@@ -1,5 +1,7 @@
+#include <QAbstractFileIconProvider>
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QFileDialog>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
@@ -253,6 +255,9 @@ TEST_F(ValueDialog, TakesAPathAsChosen) {
     press("Command3");
     EXPECT_EQ(top_window().windowTitle(), "TEXT File Open");
     EXPECT_EQ(text_of("fileTypeCombo"), "Text Files(*.txt)");
+    const QAbstractFileIconProvider& words =
+        *static_cast<QFileDialog&>(top_window()).iconProvider();
+    EXPECT_EQ(words.type(QFileInfo(PROJECT_ROOT)), "フォルダ");
     auto& edit = static_cast<QLineEdit&>(control("fileNameEdit"));
     edit.setText(QString::fromStdString(path));
     act([&] { QTest::keyClick(&edit, Qt::Key_Return); });
