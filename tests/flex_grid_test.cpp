@@ -1,130 +1,16 @@
 #include "controls/grid/flex_grid.h"
 
-#include <gtest/gtest.h>
-
 #include <QAccessible>
-#include <QApplication>
-#include <QClipboard>
 #include <QHelpEvent>
-#include <QLineEdit>
-#include <QListWidget>
-#include <QTableView>
-#include <QTest>
 #include <QToolTip>
 #include <stdexcept>
 
-#include "platform/command_button.h"
-#include "platform/form.h"
-#include "platform/messages.h"
-#include "platform/toolkit_peer.h"
-#include "store/text.h"
+#include "grid_dialog.h"
 #include "test_store.h"
-#include "user.h"
 
 namespace {
 
-using ta_vorlumine::VSFlexGrid;
-constexpr int value = 1;
-constexpr int method = 3;
-
-/// A dialog whose grid has a text, a hidden and a drop-down column, and keeps a blank last row.
-class flex_grid : public testing::Test {
- protected:
-  flex_grid() {
-    window.body = platform::column({fg, ok});
-    window.on_load = [this] { fill(); };
-    window.on_close = [this] { ++closed; };
-    ok.on_click = [this] { seen_by_ok = fg.commit_edit() ? fg.TextMatrix(1, value) : "refused"; };
-    fg.on_row_check = [this] { row_check(); };
-    open();
-  }
-  ~flex_grid() override { close(); }
-
-  void open() {
-    window.load();
-    view().window()->show();
-    activate();
-    view().setFocus();
-  }
-
-  void close() {
-    view().window()->hide();
-    window.unload();
-  }
-
-  void fill() {
-    fg.FormatString("#Rec|<比較値|sno|<比較方法");
-    fg.Editable(2);
-    fg.ColComboList(method, "#1;部分一致|#2;先頭一致|#3;完全一致");
-    fg.ColHidden(0, true);
-    fg.ColHidden(2, true);
-    fg.AddItem("\tabc\t1\t2");
-    fg.AddItem("\txyz\t2\t1");
-    fg.AddItem("");
-  }
-
-  void activate() {
-    view().window()->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(view().window()));
-  }
-
-  void answering(const std::string& message, const std::function<void()>& action) {
-    harness::play(action, [&] { harness::message(message); });
-    activate();
-  }
-
-  void row_check() {
-    checked.push_back(fg.Row());
-    const int row = fg.Row();
-    if (row == -1) {
-      if (fg.Rows() == 1) fg.AddItem("");
-      return;
-    }
-    const bool whole = !fg.TextMatrix(row, value).empty() && !fg.TextMatrix(row, method).empty();
-    if (!whole && row != fg.Rows() - 1) fg.RemoveItem(row);
-    if (whole && row == fg.Rows() - 1) fg.AddItem("");
-    fg.ColWidth(value, 2400);
-  }
-
-  void refuse_texts_longer_than(std::size_t length) {
-    fg.on_validate_edit = [this, length](int, int col, bool& cancel) {
-      if (col != value || ADODB::character_count(fg.EditText()) <= length) return;
-      platform::message("too long");
-      cancel = true;
-    };
-  }
-
-  QTableView& view() { return platform::as<QTableView>(fg.peer()); }
-  QWidget& ok_button() { return *ok.peer().widget; }
-  QLineEdit& editor() { return *view().findChild<QLineEdit*>("cell_editor"); }
-  QListWidget& list() { return *view().findChild<QListWidget*>("cell_list"); }
-  bool in_edit() { return editor().isVisible(); }
-
-  static void key(Qt::Key code, Qt::KeyboardModifiers held = Qt::NoModifier) {
-    QTest::keyClick(QApplication::focusWidget(), code, held);
-  }
-  // Each key goes to where the keyboard is by then.
-  static void type(const std::string& keys) {
-    for (const char key : keys) QTest::keyClick(QApplication::focusWidget(), key);
-  }
-  static int shown(int col) { return col / 2; }  // every other one is hidden
-  QPoint place(int row, int col) {
-    return view().visualRect(view().model()->index(row - 1, shown(col))).center();
-  }
-  void click(int row, int col) {
-    QTest::mouseClick(view().viewport(), Qt::LeftButton, {}, place(row, col));
-  }
-  std::string cell() {
-    return std::to_string(fg.Row()) + "," + std::to_string(2 * view().currentIndex().column() + 1);
-  }
-
-  platform::Form window{"dialog", "", 6000, 4000};
-  VSFlexGrid fg{window, "fg", "比較値の一覧"};
-  platform::CommandButton ok{window, "Command1", "OK", platform::CommandButton::role::standard};
-  std::vector<int> checked;
-  std::string seen_by_ok = "not pressed";
-  int closed = 0;
-};
+using flex_grid = harness::grid_dialog;
 
 TEST_F(flex_grid, holds_what_a_record_set_brings) {
   const harness::test_store store;
@@ -272,51 +158,6 @@ TEST_F(flex_grid, takes_what_the_validation_puts_in_its_place) {
   type("x");
   answering("broken", [] { key(Qt::Key_Return); });
   EXPECT_TRUE(in_edit());
-}
-
-TEST_F(flex_grid, counts_characters_and_cuts_what_is_too_much) {
-  fg.EditMaxLength(3);
-  fg.Row(1);
-  key(Qt::Key_Backspace);
-  QGuiApplication::clipboard()->setText("😀あ😀い\r\n");
-  key(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(fg.EditText(), "😀あ😀");
-  key(Qt::Key_Home);
-  type("z");
-  EXPECT_EQ(fg.EditText(), "😀あ😀") << "the typed one goes, not the last one";
-  key(Qt::Key_Escape);
-  fg.TextMatrix(1, value, "stored long ago");
-  key(Qt::Key_F2);
-  type("x");
-  EXPECT_TRUE(fg.commit_edit());
-  EXPECT_EQ(fg.TextMatrix(1, value), "stored long ago");
-}
-
-TEST_F(flex_grid, spreads_what_a_spreadsheet_has_copied_over_rows_and_columns) {
-  const auto paste = [](const std::string& text) {
-    QGuiApplication::clipboard()->setText(QString::fromStdString(text));
-    key(Qt::Key_V, Qt::ControlModifier);
-  };
-  fg.Row(3);
-  paste("東京都\r\n\"a\"\"b\nc\"\r\n\"d\"\r\n");
-  EXPECT_EQ(fg.Rows(), 7) << "three rows came, and a blank one behind them";
-  EXPECT_EQ(fg.TextMatrix(3, value) + fg.TextMatrix(4, value) + fg.TextMatrix(5, value),
-            "東京都a\"b c\"d\"");
-  EXPECT_EQ(fg.TextMatrix(5, method), "1");
-  fg.Row(1);
-  key(Qt::Key_F2);
-  paste("x\t完全一致\tfar\n\t1\n");
-  EXPECT_EQ(fg.TextMatrix(1, value) + fg.TextMatrix(1, method), "x3");
-  EXPECT_EQ(fg.TextMatrix(2, value) + fg.TextMatrix(2, method), "xyz1");
-  refuse_texts_longer_than(3);
-  click(1, value);
-  answering("too long", [&] { paste("long\nmore\n"); });
-  EXPECT_EQ(fg.EditText(), "long");
-  EXPECT_EQ(fg.TextMatrix(2, value), "xyz") << "nothing goes on behind what was refused";
-  key(Qt::Key_Escape);
-  QGuiApplication::clipboard()->clear();
-  key(Qt::Key_V, Qt::ControlModifier);
-  EXPECT_EQ(fg.TextMatrix(1, value), "x");
 }
 
 TEST_F(flex_grid, opens_drop_downs_with_one_click_and_texts_with_the_second) {
