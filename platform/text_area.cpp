@@ -57,6 +57,13 @@ bool text_area::is_empty() const {
   return document()->isEmpty();
 }
 
+// Two lines are enough on a small screen, which also has to hold the buttons below.
+QSize text_area::minimumSizeHint() const {
+  const QSize usual = QPlainTextEdit::minimumSizeHint();
+  const int around = 2 * (frameWidth() + static_cast<int>(document()->documentMargin()));
+  return usual.boundedTo({usual.width(), 2 * fontMetrics().lineSpacing() + around});
+}
+
 // Shift+Enter would put in a character of its own that looks like a line end.
 void text_area::keyPressEvent(QKeyEvent* event) {
   if (!event->matches(QKeySequence::InsertLineSeparator))

@@ -15,6 +15,8 @@ class text_area : public QPlainTextEdit {
   void set_text(const QString& text);
   [[nodiscard]] bool is_empty() const;
 
+  [[nodiscard]] QSize minimumSizeHint() const override;
+
  protected:
   void keyPressEvent(QKeyEvent* event) override;
 
