@@ -27,6 +27,7 @@ class cell_painter : public QStyledItemDelegate {
       paint_arrow(*painter, QRect(cell.rect.topRight(), option.rect.bottomRight()), option);
     }
     QStyledItemDelegate::paint(painter, cell, index);
+    paint_lines(*painter, option);
     if (index == view_.currentIndex()) paint_ring(*painter, option);
   }
 
@@ -52,6 +53,19 @@ class cell_painter : public QStyledItemDelegate {
     arrow.rect = QRect(0, 0, side, side);
     arrow.rect.moveCenter(room.center());
     view_.style()->drawPrimitive(QStyle::PE_IndicatorArrowDown, &arrow, &painter, &view_);
+  }
+
+  // Those of the toolkit are darker than the ground, which on a dark one nobody sees.
+  static void paint_lines(QPainter& painter, const QStyleOptionViewItem& cell) {
+    const QColor ground = cell.palette.color(QPalette::Base);
+    const QColor ink = cell.palette.color(QPalette::Text);
+    const auto between = [](int far, int near) { return (3 * far + near) / 4; };
+    painter.save();
+    painter.setPen(QColor(between(ground.red(), ink.red()), between(ground.green(), ink.green()),
+                          between(ground.blue(), ink.blue())));
+    painter.drawLine(cell.rect.topRight(), cell.rect.bottomRight());
+    painter.drawLine(cell.rect.bottomLeft(), cell.rect.bottomRight());
+    painter.restore();
   }
 
   void paint_ring(QPainter& painter, const QStyleOptionViewItem& cell) const {

@@ -99,6 +99,7 @@ table_view::table_view(grid_cells& cells, const grid_edit::events& events)
       paste_(*this, cells_, model_, edit_, cursor_) {
   setModel(&model_.shown());
   setItemDelegate(make_cell_painter(*this));
+  setShowGrid(false);  // the delegate draws it
   setSelectionMode(NoSelection);
   setEditTriggers(NoEditTriggers);
   setTabKeyNavigation(false);
