@@ -241,6 +241,21 @@ TEST_F(flex_grid, stands_rows_that_come_and_go_in_the_row_check) {
   EXPECT_TRUE(fg.commit_edit());
 }
 
+TEST_F(flex_grid, takes_a_press_for_the_cell_that_stood_there_though_its_edit_empties_a_row) {
+  const auto empty_first_row = [this] {
+    fg.Row(1);
+    key(Qt::Key_Backspace);  // an edit that begins with nothing
+    ASSERT_TRUE(in_edit());
+  };
+  empty_first_row();
+  click(2, value);
+  EXPECT_EQ(cell() + fg.TextMatrix(1, value), "1,1xyz");
+  EXPECT_FALSE(in_edit());
+  empty_first_row();
+  QTest::mouseClick(&ok_button(), Qt::LeftButton);
+  EXPECT_EQ(fg.Row(), -1) << "a button that deletes was meant for the row that went";
+}
+
 TEST_F(flex_grid, begins_anew_with_each_load_and_shows_a_failing_row_check) {
   fg.EditMaxLength(1);
   close();
