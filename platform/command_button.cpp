@@ -33,7 +33,7 @@ std::unique_ptr<toolkit_peer> CommandButton::make() {
   button->setAutoDefault(role_ == role::standard);
   button->setDefault(role_ == role::standard);
   QObject::connect(button, &QPushButton::clicked, button, [this] {
-    if (on_click) form().guarded(on_click);
+    if (on_click) form().guarded_press(on_click);
   });
   return std::make_unique<toolkit_peer>(button);
 }

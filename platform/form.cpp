@@ -103,6 +103,11 @@ void Form::close() {
   guarded([this] { on_close ? on_close() : unload(); });
 }
 
+void Form::guarded_press(const std::function<void()>& press) {
+  const QDialog* const top = running_dialog();
+  if (!top || top == window_.get()) guarded(press);
+}
+
 // What a question would have kept open goes all the same.
 void Form::close_unasked() {
   close();

@@ -76,6 +76,10 @@ class Form {
   /// The boundary between the toolkit and the system: runs an event, and shows what it fails with.
   void guarded(const std::function<void()>& event);
 
+  /// The same for a press of a button. Nothing runs if another window came up meanwhile: the
+  /// toolkit clicks a button only a moment after a screen reader has pressed it.
+  void guarded_press(const std::function<void()>& press);
+
  private:
   friend class Control;
   friend class window;

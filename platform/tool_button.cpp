@@ -53,6 +53,12 @@ told_tool_buttons::~told_tool_buttons() {
   QAccessible::removeFactory(make_access);
 }
 
+bool tool_button::event(QEvent* event) {
+  if (event->type() != QEvent::Shortcut) return QToolButton::event(event);
+  click();
+  return true;
+}
+
 void tool_button::keyPressEvent(QKeyEvent* event) {
   const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
   enter ? click() : QToolButton::keyPressEvent(event);

@@ -77,7 +77,7 @@ std::unique_ptr<toolkit_peer> Toolbar::make() {
     QToolButton* made = make_button(each, pictures_.path(each.key), ++number);
     const int position = static_cast<int>(peer->buttons.size()) + 1;
     QObject::connect(made, &QToolButton::clicked, bar, [this, key = each.key, position] {
-      if (on_button_click) form().guarded([&] { on_button_click(key, position); });
+      if (on_button_click) form().guarded_press([&] { on_button_click(key, position); });
     });
     row->addWidget(made);
     peer->buttons.push_back(made);

@@ -7,7 +7,8 @@
 
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
   ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  static const QApplication application(*argc, *argv);
+  new QApplication(*argc,
+                   *argv);  // never deleted: its devices would outlive the plugin they are of
   return 0;
 }
 
