@@ -172,7 +172,11 @@ TEST_F(Editor, AnUntouchedNewDefinitionGoesAwayAgain) {
     act([] { top_window().close(); });  // the frame runs exit, too
     in("replaceForm");
     EXPECT_EQ(tree_lines().size(), 11U);
+    store.run(
+        "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,field_id) "
+        "values(34,5,0,'F','F1')");  // left behind by another program
     open("宛名", "add");
+    EXPECT_EQ(tree_lines(), rows{"置換条件"});
     type("Text1", "敬称");
     press("exit");
     message(is_used);
@@ -210,6 +214,16 @@ TEST_F(Editor, CopiesADefinitionDeepUnderNewKeys) {
                                  "8|4|S|9|消える|null|1900/01/01|null|1900/01/01|0|null",
                                  "9|1|D|null||null|null|2|2005/01/31|0|null"}));
   EXPECT_EQ(counters(), "35|51|11") << "a copy without rules draws no rule key";
+}
+
+TEST_F(Editor, ATitleOfTwoLinesIsShownAndGoesBackAsItIs) {
+  store.run(ADODB::sql("update replace set title='<title>' where replace_no=7", {"一\n二"}));
+  browse(store, [this] {
+    open("一 二", "update");
+    EXPECT_EQ(text_of("Text1"), "一\n二");
+    type("Text2", "備考");
+  });
+  EXPECT_EQ(store.value("select title from replace where replace_no=7"), "一\n二");
 }
 
 // An older program's bytes, which a file takes and a server refuses.

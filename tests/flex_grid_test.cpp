@@ -199,6 +199,12 @@ TEST_F(flex_grid, picks_from_the_list_by_keys) {
   key(Qt::Key_F2);
   type("1");
   EXPECT_EQ(fg.TextMatrix(1, method), "1");
+  for (const char* typed : {"完", "外"}) {  // as an input method sends a key of a kana keyboard
+    QKeyEvent letter(QEvent::KeyPress, 0, Qt::NoModifier, typed);
+    QApplication::sendEvent(QApplication::focusWidget(), &letter);
+    EXPECT_EQ(fg.TextMatrix(1, method), "3");
+  }
+  type("1");
 
   fg.on_validate_edit = [this](int, int, bool& cancel) { cancel = fg.EditText() == "先頭一致"; };
   type("2");

@@ -117,10 +117,11 @@ TEST_F(ValueDialog, ChangesAValueToEachKindBlanksTheOthersAndShowsIt) {
 
 TEST_F(ValueDialog, TellsAScreenReaderWhatEachInputIsFor) {
   add([] {
-    std::string names;
+    std::string names = text_of("Label1") + "|";
     for (const char* name : {"Text1", "Text2", "Command3", "Text4", "Command5", "Combo1"})
       names += control(name).accessibleName().toStdString() + "|";
-    EXPECT_EQ(names, "ﾃｷｽﾄ|ﾃｷｽﾄﾌｧｲﾙ|ﾃｷｽﾄﾌｧｲﾙの参照|ﾏﾙﾁﾒﾃﾞｨｱﾌｧｲﾙ|ﾏﾙﾁﾒﾃﾞｨｱﾌｧｲﾙの参照|ｱﾄﾞﾚｽ帳項目|");
+    EXPECT_EQ(names,
+              "タイトル|ﾃｷｽﾄ|ﾃｷｽﾄﾌｧｲﾙ|ﾃｷｽﾄﾌｧｲﾙの参照|ﾏﾙﾁﾒﾃﾞｨｱﾌｧｲﾙ|ﾏﾙﾁﾒﾃﾞｨｱﾌｧｲﾙの参照|ｱﾄﾞﾚｽ帳項目|");
     cancel();
   });
 }
