@@ -102,7 +102,7 @@ class road {
 
   /// Sends what is due as far as the other end takes it. False if that is gone.
   bool write() {
-    while (is_due()) {
+    while (is_due(steady_clock::now())) {
       std::string& bytes = on_the_way_.front().bytes;
       const ssize_t sent = ::send(to_, bytes.data(), bytes.size(), MSG_NOSIGNAL | MSG_DONTWAIT);
       if (sent < 0) return errno == EAGAIN;
@@ -115,13 +115,13 @@ class road {
 
   /// Whether more may be read, as some limit to what is on the way has to be.
   [[nodiscard]] bool has_room() const { return bytes_ < most_bytes; }
-  [[nodiscard]] bool is_due() const {
-    return !on_the_way_.empty() && on_the_way_.front().due <= steady_clock::now();
+  [[nodiscard]] bool is_due(steady_clock::time_point now) const {
+    return !on_the_way_.empty() && on_the_way_.front().due <= now;
   }
   /// When the next piece is due that isn't yet.
-  [[nodiscard]] steady_clock::time_point next_due() const {
-    return on_the_way_.empty() || is_due() ? steady_clock::time_point::max()
-                                           : on_the_way_.front().due;
+  [[nodiscard]] steady_clock::time_point next_due(steady_clock::time_point now) const {
+    return on_the_way_.empty() || is_due(now) ? steady_clock::time_point::max()
+                                              : on_the_way_.front().due;
   }
 
  private:
@@ -141,11 +141,13 @@ class road {
 
 /// Waits until a road can go on, at its beginning or at its end.
 std::array<pollfd, 2> wait_for(int client, int server, const road& there, const road& back) {
-  const auto events = [](const road& out, const road& in) {
-    return static_cast<short>((out.has_room() ? POLLIN : 0) | (in.is_due() ? POLLOUT : 0));
+  // One moment for all questions: what came due between two of them would be waited for by none.
+  const auto now = steady_clock::now();
+  const auto events = [now](const road& out, const road& in) {
+    return static_cast<short>((out.has_room() ? POLLIN : 0) | (in.is_due(now) ? POLLOUT : 0));
   };
   std::array<pollfd, 2> ends{{{client, events(there, back), 0}, {server, events(back, there), 0}}};
-  const auto due = std::min(there.next_due(), back.next_due());
+  const auto due = std::min(there.next_due(now), back.next_due(now));
   if (due == steady_clock::time_point::max()) {
     ::ppoll(ends.data(), ends.size(), nullptr, nullptr);
     return ends;

@@ -79,11 +79,13 @@ class replace_create {
   void refresh();
 
   void look_up_all(ADODB::Recordset rows);
-  void look_up(const ADODB::Recordset& row);
+  void look_up(const ADODB::Recordset& row, const std::string& key);
   /// False if rows were left out because they are nested too deep; so does add_rule_nodes().
   bool fill_tree();
   bool add_rule_nodes();
-  void add_rule_node(const ADODB::Recordset& row);
+  /// False for a row of a kind that no tree shows.
+  bool add_rule_node(const ADODB::Recordset& row, const std::string& parent,
+                     const std::string& key);
 
   void select_node(const Node& node);
   void enable_for(const Node& node);

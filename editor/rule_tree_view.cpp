@@ -1,3 +1,4 @@
+#include <map>
 #include <optional>
 #include <queue>
 #include <unordered_map>
@@ -21,13 +22,14 @@ std::string text_of(const ADODB::Recordset& row, std::string_view name) {
   return column(row, name).text();
 }
 
-/// Whether the row is an otherwise branch with a condition behind it. Other programs may leave an
-/// ordinary condition without a type, and some engines sort null behind everything.
-bool is_otherwise_too_early(ADODB::Recordset row) {
+/// Whether the row is an otherwise branch with a condition of the same field behind it. Other
+/// programs may leave an ordinary condition without a type, and some engines sort null behind
+/// everything.
+bool is_otherwise_too_early(const ADODB::Recordset& row, const std::string& field) {
   if (text_of(row, "replace_cond_type") != "1") return false;
-  const std::string field = text_of(row, "p_replace_m_no");
-  row.MoveNext();
-  return !row.eof() && text_of(row, "p_replace_m_no") == field;
+  ADODB::Recordset next = row;
+  next.MoveNext();
+  return !next.eof() && text_of(next, "p_replace_m_no") == field;
 }
 
 // As a text: other programs may have left no number there.
@@ -79,16 +81,18 @@ void replace_create::look_up_all(ADODB::Recordset rows) {
     keys.push_back(key_of(rows));
   }
   looked_up_.clear();
+  looked_up_.reserve(keys.size());
   auto key = keys.begin();
-  shared().conn.ExecuteAll(look_ups,
-                           [&](ADODB::Recordset found) { looked_up_[*key++] = std::move(found); });
+  shared().conn.ExecuteAll(look_ups, [&](ADODB::Recordset found) {
+    looked_up_.emplace(std::move(*key++), std::move(found));
+  });
 }
 
 /// Into shared().basRS, which is empty for a row that needs none.
-void replace_create::look_up(const ADODB::Recordset& row) {
+void replace_create::look_up(const ADODB::Recordset& row, const std::string& key) {
   auto& found = shared().basRS;
   found.Close();
-  if (const auto known = looked_up_.find(key_of(row)); known != looked_up_.end()) {
+  if (const auto known = looked_up_.find(key); known != looked_up_.end()) {
     found = known->second;
   } else if (const auto wanted = look_up_of(row)) {
     found = shared().conn.Execute(*wanted);
@@ -100,50 +104,45 @@ void replace_create::look_up(const ADODB::Recordset& row) {
 // comes for are left out.
 bool replace_create::add_rule_nodes() {
   auto& rows = shared().basCopyRs;
-  std::unordered_map<std::string, std::vector<ADODB::Recordset>> waiting;  // by their parent
-  std::queue<std::string> added({"0"});
-  std::unordered_map<std::string, int> levels{{"0", 0}};  // of the rows that were added
+  std::map<std::string, std::vector<ADODB::Recordset>> waiting;  // by their parent
+  std::unordered_map<std::string, int> levels{{"0", 0}};         // of the nodes
+  levels.reserve(rows.RecordCount() + 1);
   bool is_whole = true;
-  const auto may_hang_below = [&](const std::string& parent) {
-    if (!levels.contains(parent) || !SSTree1.Nodes.Has(parent)) return false;
-    const bool is_too_deep = levels[parent] >= SSTree::most_levels;
-    if (is_too_deep) is_whole = false;
-    return !is_too_deep;
-  };
-  const auto keep_level = [&](const std::string& key, const std::string& parent) {
-    added.push(key);
-    levels[key] = levels[parent] + 1;
+  const auto add_below = [&](const std::string& parent, const ADODB::Recordset& row) {
+    const int level = levels.at(parent) + 1;
+    if (level > SSTree::most_levels) is_whole = false;
+    if (level > SSTree::most_levels) return false;
+    std::string key = key_of(row);
+    return add_rule_node(row, parent, key) && levels.emplace(std::move(key), level).second;
   };
   for (; !rows.eof(); rows.MoveNext()) {
     const std::string parent = text_of(rows, "p_replace_m_no");
-    if (may_hang_below(parent) && !is_otherwise_too_early(rows)) {
-      initone();
-      keep_level(key_of(rows), parent);
-    } else {
-      waiting[parent].push_back(rows);
-    }
+    const bool waits = !levels.contains(parent) || is_otherwise_too_early(rows, parent);
+    waits ? waiting[parent].push_back(rows) : static_cast<void>(add_below(parent, rows));
   }
-  for (; !added.empty(); added.pop()) {
-    const std::string parent = added.front();
-    for (const ADODB::Recordset& row : waiting[parent]) {
-      if (!may_hang_below(parent)) break;
-      add_rule_node(row);
-      keep_level(key_of(row), parent);
+  std::queue<std::string> ready;  // parents that are there, of rows that wait
+  for (const auto& [parent, rows_below] : waiting) {
+    if (levels.contains(parent)) ready.push(parent);
+  }
+  for (; !ready.empty(); ready.pop()) {
+    const auto below = waiting.extract(ready.front());
+    for (const ADODB::Recordset& row : below.mapped()) {
+      if (add_below(ready.front(), row) && waiting.contains(key_of(row))) ready.push(key_of(row));
     }
   }
   return is_whole;
 }
 
 void replace_create::initone() {
-  add_rule_node(shared().basCopyRs);
+  const auto& row = shared().basCopyRs;
+  add_rule_node(row, text_of(row, "p_replace_m_no"), key_of(row));
 }
 
-void replace_create::add_rule_node(const ADODB::Recordset& row) {
+bool replace_create::add_rule_node(const ADODB::Recordset& row, const std::string& parent,
+                                   const std::string& key) {
   auto& state = shared();
   const std::string use_type = text_of(row, "use_type");
-  const std::string parent = text_of(row, "p_replace_m_no");
-  const std::string key = key_of(row);
-  look_up(row);
+  look_up(row, key);
   if (use_type == "F") {
     const std::string field =
         state.basRS.eof() ? text_of(row, "field_id") : state.basRS.Fields().Item(0).Value().text();
@@ -160,10 +159,11 @@ void replace_create::add_rule_node(const ADODB::Recordset& row) {
     state.atNode.Image("val");
     state.atNode.kind("置換値");
   } else {
-    return;
+    return false;
   }
   state.atNode.parent().Expanded(true);
   show_as_row(state.atNode);
+  return true;
 }
 
 }  // namespace ta_vorlumine

@@ -116,9 +116,10 @@ table_view::table_view(grid_cells& cells, const grid_edit::events& events)
 }
 
 // Room to spare goes to all columns alike; what is left of it, to the last shown one.
+// Before the grid is shown each of its settings would lay it out anew.
 void table_view::lay_out_columns() {
   model_.choose_columns();
-  if (dragged_) return;
+  if (dragged_ || !isVisible()) return;
   std::vector<int> widths;
   for (int i = 0; i < cells_.columns(); ++i) {
     if (cells_.column(i).hidden) continue;
@@ -147,6 +148,7 @@ void table_view::showEvent(QShowEvent* event) {
   constexpr int room_above_and_below = 8;
   verticalHeader()->setDefaultSectionSize(fontMetrics().height() + room_above_and_below);
   QTableView::showEvent(event);
+  lay_out_columns();
 }
 
 // If the row check has removed the row, the user is on the one that took its place, and moving on

@@ -34,7 +34,7 @@ class Node {
   void ForeColor(RGB colour) const;
   void Image(std::string_view key) const;
   void ExpandedImage(std::string_view key) const;
-  /// What a screen reader says that the node is.
+  /// What a screen reader says that the node is: a text that lasts as long as the program.
   void kind(std::string_view kind) const;
   void Expanded(bool expanded) const;
 

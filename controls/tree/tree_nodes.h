@@ -27,7 +27,7 @@ struct tree_node {
   std::string tag;
   std::string image;
   std::string expanded_image;
-  std::string kind;  ///< in words
+  std::string_view kind;  ///< in words, which are part of the program
   RGB colour;
   int font_size = 9;
   bool bold = false;
