@@ -57,13 +57,18 @@ std::string none(const std::string& table, const std::string& where) {
   return "select 1 where not exists (select 1 from " + table + " where " + where + ")";
 }
 
+/// An emptied condition goes with its branch.
+bool takes_rows_away(const std::string& name) {
+  return name.starts_with("delete") || name == "empty condition";
+}
+
 swept_command in_browser(const std::string& name, const std::string& goal, const step& in_tree,
                          const std::string& dialog = "none", const step& in_dialog = {}) {
   return {.name = name,
           .window = dialog == "replaceFolder" ? dialog : "replaceForm",
           .goal = goal,
           .steps = {{"replaceForm", in_tree}, {dialog, in_dialog}},
-          .takes_rows_away = name.starts_with("delete")};
+          .takes_rows_away = takes_rows_away(name)};
 }
 
 swept_command in_editor(const std::string& name, const std::string& goal,
@@ -75,7 +80,7 @@ swept_command in_editor(const std::string& name, const std::string& goal,
           .steps = {{"replaceForm", at(definition, "update")},
                     {"replace_create", in_tree},
                     {dialog, in_dialog}},
-          .takes_rows_away = name.starts_with("delete")};
+          .takes_rows_away = takes_rows_away(name)};
 }
 
 }  // namespace
