@@ -5,6 +5,7 @@
 #include "random_user.h"
 #include "strange_rows.h"
 
+// NOLINTNEXTLINE(readability-non-const-parameter): so libFuzzer declares it
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
   ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
   new QApplication(*argc,
