@@ -1,6 +1,5 @@
 #include <QApplication>
 #include <cstdlib>
-#include <stdexcept>
 
 #include "random_user.h"
 #include "strange_rows.h"
@@ -8,8 +7,8 @@
 // NOLINTNEXTLINE(readability-non-const-parameter): so libFuzzer declares it
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
   ::setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  new QApplication(*argc,
-                   *argv);  // never deleted: its devices would outlive the plugin they are of
+  // Never deleted: the toolkit's devices would outlive the plugin that they come from.
+  new QApplication(*argc, *argv);
   return 0;
 }
 
