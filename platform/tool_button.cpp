@@ -53,9 +53,10 @@ told_tool_buttons::~told_tool_buttons() {
   QAccessible::removeFactory(make_access);
 }
 
+// Not within the key's own event, which an input method is still at work on.
 bool tool_button::event(QEvent* event) {
   if (event->type() != QEvent::Shortcut) return QToolButton::event(event);
-  click();
+  QMetaObject::invokeMethod(this, &QAbstractButton::click, Qt::QueuedConnection);
   return true;
 }
 

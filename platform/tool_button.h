@@ -4,9 +4,9 @@
 
 namespace platform {
 
-/// A toolbar's button, which Enter presses, too. Its shortcut presses it at once: the toolkit would
-/// do that a moment later, for what the next key has chosen by then. A screen reader that presses
-/// it gets its answer at once, also where the press opens a window.
+/// A toolbar's button, which Enter presses, too. Its shortcut presses it before the next key
+/// comes: the toolkit would do that a moment later, for what the next key has chosen by then. A
+/// screen reader that presses it gets its answer at once, also where the press opens a window.
 class tool_button : public QToolButton {
  protected:
   bool event(QEvent* event) override;

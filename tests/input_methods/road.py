@@ -81,9 +81,9 @@ def act_and_settle(*command):
     until(settled, 3)
 
 
+# A search by name would read the title in the encoding of the host's locale.
 def window_in_front(title):
-    found = run("xdotool", "search", "--onlyvisible", "--name", f"^{title}$").split()
-    return bool(found) and run("xdotool", "getactivewindow") == found[-1]
+    return run("xdotool", "getactivewindow", "getwindowname") == title
 
 
 def press(place, scale):
