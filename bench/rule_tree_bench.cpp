@@ -50,7 +50,7 @@ void rule_tree(benchmark::State& state, engine engine, double limit) {
                   .limit = limit,
                   .most_round_trips = 5});
 }
-BENCHMARK_CAPTURE(rule_tree, sqlite, engine::sqlite, 0.55)->Iterations(9);
+BENCHMARK_CAPTURE(rule_tree, sqlite, engine::sqlite, 0.5)->Iterations(9);
 BENCHMARK_CAPTURE(rule_tree, postgresql, engine::postgresql, 0.4)->Iterations(9);
 
 void rule_tree_click(benchmark::State& state, engine engine) {

@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "controls/tree/ss_tree.h"
@@ -79,13 +78,10 @@ class replace_create {
   void refresh();
 
   void look_up_all(ADODB::Recordset rows);
-  void look_up(const ADODB::Recordset& row, const std::string& key);
+  void look_up(const ADODB::Recordset& row);
   /// False if rows were left out because they are nested too deep; so does add_rule_nodes().
   bool fill_tree();
   bool add_rule_nodes();
-  /// False for a row of a kind that no tree shows.
-  bool add_rule_node(const ADODB::Recordset& row, const std::string& parent,
-                     const std::string& key);
 
   void select_node(const Node& node);
   void enable_for(const Node& node);
@@ -124,8 +120,8 @@ class replace_create {
   [[nodiscard]] title_fields wanted_fields();
   [[nodiscard]] static title_fields stored_fields();
 
-  /// What the nodes show of other tables, by the rows' keys, while the tree is built.
-  std::unordered_map<std::string, ADODB::Recordset> looked_up_;
+  /// What the nodes show of other tables, by the place of the row, while the tree is built.
+  std::vector<ADODB::Recordset> looked_up_;
 
   /// What the editor opened with. A box may show bytes that are no text otherwise than they are
   /// stored.

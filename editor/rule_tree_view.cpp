@@ -73,27 +73,25 @@ bool replace_create::fill_tree() {
 
 void replace_create::look_up_all(ADODB::Recordset rows) {
   std::vector<ADODB::statement> look_ups;
-  std::vector<std::string> keys;
+  std::vector<std::size_t> records;
+  looked_up_.assign(rows.RecordCount(), {});
   for (; !rows.eof(); rows.MoveNext()) {
     auto look_up = look_up_of(rows);
     if (!look_up) continue;
     look_ups.push_back(std::move(*look_up));
-    keys.push_back(key_of(rows));
+    records.push_back(rows.Record());
   }
-  looked_up_.clear();
-  looked_up_.reserve(keys.size());
-  auto key = keys.begin();
-  shared().conn.ExecuteAll(look_ups, [&](ADODB::Recordset found) {
-    looked_up_.emplace(std::move(*key++), std::move(found));
-  });
+  auto record = records.begin();
+  shared().conn.ExecuteAll(
+      look_ups, [&](ADODB::Recordset found) { looked_up_[*record++] = std::move(found); });
 }
 
 /// Into shared().basRS, which is empty for a row that needs none.
-void replace_create::look_up(const ADODB::Recordset& row, const std::string& key) {
+void replace_create::look_up(const ADODB::Recordset& row) {
   auto& found = shared().basRS;
   found.Close();
-  if (const auto known = looked_up_.find(key); known != looked_up_.end()) {
-    found = known->second;
+  if (row.Record() < looked_up_.size()) {
+    found = looked_up_[row.Record()];
   } else if (const auto wanted = look_up_of(row)) {
     found = shared().conn.Execute(*wanted);
   }
@@ -108,17 +106,20 @@ bool replace_create::add_rule_nodes() {
   std::unordered_map<std::string, int> levels{{"0", 0}};         // of the nodes
   levels.reserve(rows.RecordCount() + 1);
   bool is_whole = true;
-  const auto add_below = [&](const std::string& parent, const ADODB::Recordset& row) {
+  const auto add_below = [&](const std::string& parent) {
     const int level = levels.at(parent) + 1;
-    if (level > SSTree::most_levels) is_whole = false;
-    if (level > SSTree::most_levels) return false;
-    std::string key = key_of(row);
-    return add_rule_node(row, parent, key) && levels.emplace(std::move(key), level).second;
+    if (level > SSTree::most_levels) {
+      is_whole = false;
+      return false;
+    }
+    initone();
+    std::string key = key_of(rows);
+    return SSTree1.Nodes.Has(key) && levels.emplace(std::move(key), level).second;
   };
   for (; !rows.eof(); rows.MoveNext()) {
     const std::string parent = text_of(rows, "p_replace_m_no");
     const bool waits = !levels.contains(parent) || is_otherwise_too_early(rows, parent);
-    waits ? waiting[parent].push_back(rows) : static_cast<void>(add_below(parent, rows));
+    waits ? waiting[parent].push_back(rows) : static_cast<void>(add_below(parent));
   }
   std::queue<std::string> ready;  // parents that are there, of rows that wait
   for (const auto& [parent, rows_below] : waiting) {
@@ -127,22 +128,20 @@ bool replace_create::add_rule_nodes() {
   for (; !ready.empty(); ready.pop()) {
     const auto below = waiting.extract(ready.front());
     for (const ADODB::Recordset& row : below.mapped()) {
-      if (add_below(ready.front(), row) && waiting.contains(key_of(row))) ready.push(key_of(row));
+      rows = row;
+      if (add_below(ready.front()) && waiting.contains(key_of(row))) ready.push(key_of(row));
     }
   }
   return is_whole;
 }
 
 void replace_create::initone() {
-  const auto& row = shared().basCopyRs;
-  add_rule_node(row, text_of(row, "p_replace_m_no"), key_of(row));
-}
-
-bool replace_create::add_rule_node(const ADODB::Recordset& row, const std::string& parent,
-                                   const std::string& key) {
   auto& state = shared();
+  const auto& row = state.basCopyRs;
   const std::string use_type = text_of(row, "use_type");
-  look_up(row, key);
+  const std::string parent = text_of(row, "p_replace_m_no");
+  const std::string key = key_of(row);
+  look_up(row);
   if (use_type == "F") {
     const std::string field =
         state.basRS.eof() ? text_of(row, "field_id") : state.basRS.Fields().Item(0).Value().text();
@@ -159,11 +158,10 @@ bool replace_create::add_rule_node(const ADODB::Recordset& row, const std::strin
     state.atNode.Image("val");
     state.atNode.kind("置換値");
   } else {
-    return false;
+    return;
   }
   state.atNode.parent().Expanded(true);
   show_as_row(state.atNode);
-  return true;
 }
 
 }  // namespace ta_vorlumine

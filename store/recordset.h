@@ -64,6 +64,8 @@ class Recordset {
   [[nodiscard]] bool eof() const;
   void MoveNext();
   [[nodiscard]] std::size_t RecordCount() const;
+  /// The place of the current record, the first being 0.
+  [[nodiscard]] std::size_t Record() const { return row_; }
   [[nodiscard]] ADODB::Fields Fields() const;
   /// Of any record, the first being 0, without moving there.
   [[nodiscard]] ADODB::Fields Fields(std::size_t record) const;
