@@ -54,6 +54,9 @@ inline constexpr std::array copied_tables{
                  "'<date from>',<method>,'<date to>',<method>,<number from>,<method>,<number to>,"
                  "<method>,<answer>)"}};
 
+/// The names of the table's columns, in the order of its select and of its insert's places.
+[[nodiscard]] std::vector<std::string_view> column_names(const copied_table& table);
+
 /// The rows of each of these tables.
 using table_rows = std::vector<ADODB::Recordset>;
 [[nodiscard]] table_rows read_rows(ADODB::Connection& connection, const progress& tell);

@@ -8,6 +8,8 @@ namespace rule_store {
 
 /// Hears from time to time what a long command is doing. If it raises, the command fails.
 using progress = std::function<void(const std::string& doing)>;
+/// For a command of which nobody hears.
+inline const progress untold = [](const std::string&) {};
 
 /// One line of a terminal that tells what is being done, until it is cleared for something else.
 class progress_line {

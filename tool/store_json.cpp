@@ -5,20 +5,6 @@
 namespace rule_store {
 namespace {
 
-/// The names of a select's columns, in its own order.
-std::vector<std::string> column_names(std::string_view select) {
-  constexpr std::string_view before = "select ";
-  std::string_view rest = select.substr(before.size());
-  rest = rest.substr(0, rest.find(" from "));
-  std::vector<std::string> names;
-  for (;;) {
-    const std::size_t end = rest.find(',');
-    names.emplace_back(rest.substr(0, end));
-    if (end == std::string_view::npos) return names;
-    rest.remove_prefix(end + 1);
-  }
-}
-
 /// A column of texts gives strings alone; another one also numbers, true and false.
 std::string json_value(const ADODB::Value& cell, bool is_text) {
   if (cell.is_null()) return "null";
@@ -29,7 +15,7 @@ std::string json_value(const ADODB::Value& cell, bool is_text) {
 }
 
 void print_rows(const copied_table& table, const ADODB::Recordset& rows, std::ostream& output) {
-  const std::vector<std::string> names = column_names(table.select);
+  const std::vector<std::string_view> names = column_names(table);
   for (std::size_t row = 0; row < rows.RecordCount(); ++row) {
     const ADODB::Fields cells = rows.Fields(row);
     output << (row == 0 ? "\n    {" : ",\n    {");

@@ -191,7 +191,7 @@ line_row line_row::without_fillers() const {
 }
 
 store_rows read_tables(ADODB::Connection& connection, const progress& tell) {
-  if (tell) tell("reading all tables");
+  tell("reading all tables");
   store_rows rows = read_unsorted(connection);
   sort(rows);
   return rows;

@@ -100,10 +100,11 @@ struct store_rows {
 
 /// Reads the store that the connection string names, and writes nothing. Every failure is an
 /// ADODB::Error.
-[[nodiscard]] store_rows read_store(const std::string& connect_string, const progress& tell = {});
+[[nodiscard]] store_rows read_store(const std::string& connect_string,
+                                    const progress& tell = untold);
 
 /// The same through an open connection, in whose transaction the tables fit together while other
 /// programs write.
-[[nodiscard]] store_rows read_tables(ADODB::Connection& connection, const progress& tell = {});
+[[nodiscard]] store_rows read_tables(ADODB::Connection& connection, const progress& tell = untold);
 
 }  // namespace rule_store

@@ -34,19 +34,6 @@ ADODB::parameter any_cell(std::string_view column, FuzzedDataProvider& choices) 
   }
 }
 
-std::vector<std::string_view> columns_of(const rule_store::copied_table& table) {
-  std::string_view list = table.select;
-  list.remove_prefix(list.find(' ') + 1);
-  list = list.substr(0, list.find(' '));
-  std::vector<std::string_view> columns;
-  for (std::size_t comma = 0; comma != std::string_view::npos;) {
-    comma = list.find(',');
-    columns.push_back(list.substr(0, comma));
-    list.remove_prefix(comma == std::string_view::npos ? list.size() : comma + 1);
-  }
-  return columns;
-}
-
 }  // namespace
 
 void add_strange_rows(test_store& store, FuzzedDataProvider& choices) {
@@ -55,7 +42,7 @@ void add_strange_rows(test_store& store, FuzzedDataProvider& choices) {
     const auto& table =
         copied_tables[choices.ConsumeIntegralInRange<std::size_t>(0, copied_tables.size() - 1)];
     std::vector<ADODB::parameter> cells;
-    for (const std::string_view column : columns_of(table))
+    for (const std::string_view column : column_names(table))
       cells.push_back(any_cell(column, choices));
     try {
       store.run({table.insert, std::move(cells)});
