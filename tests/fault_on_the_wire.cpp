@@ -192,7 +192,7 @@ void wire_faults::serve(int client) {
     const bool is_refused = failing && kind_ == wire_fault::refused;
     if (!send(server, is_refused ? refused(request, *failing) : request)) return;
     const std::string answer = messages(server, "Z");
-    if (failing && kind_ == wire_fault::lost_after) return;
+    if (failing && !is_refused) return;
     if (!send(client, answer)) return;
   }
 }
@@ -220,6 +220,7 @@ std::optional<asked_statement> wire_faults::hit(const std::string& request) {
   const std::lock_guard guard(lock_);
   for (asked_statement& statement : statements_of(request)) {
     const std::string& text = statement.text;
+    if (kind_ == wire_fault::commit_lost && !text.ends_with("COMMIT")) continue;
     const bool never_refused = kind_ == wire_fault::refused && text == "ROLLBACK";
     if (text.ends_with("COMMIT") || text == "ROLLBACK") in_transaction_ = false;
     const bool is_silent = is_sent_again(text);

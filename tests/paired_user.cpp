@@ -1,9 +1,13 @@
 #include "paired_user.h"
 
 #include <QAbstractButton>
+#include <QCoreApplication>
 #include <QMessageBox>
+#include <QProcess>
 #include <algorithm>
+#include <csignal>
 #include <cstdio>
+#include <utility>
 
 #include "store/connection.h"
 #include "user.h"
@@ -30,7 +34,7 @@ void paired_user::take_turn(QWidget& top) {
     found_nothing_ = true;
     leaves_ = true;
   }
-  leaves_ = leaves_ || is_done_();
+  leaves_ = leaves_ || (!std::exchange(tries_again_, false) && is_done_());
   leaves_ ? leave(top) : do_step(top);
 }
 
@@ -52,21 +56,52 @@ void paired_user::read(QWidget& message) {
   was_asked_ = was_asked_ || is_question;
   if (!is_question && text != "設定完了！") {
     messages_.push_back(text);
-    leaves_ = true;
+    tries_again_ = engine_text(text).starts_with("the connection to the server was lost, ");
+    leaves_ = !tries_again_;
   }
   box.button(QMessageBox::Ok)->click();
 }
 
+const swept_command& command_called(const std::string& name) {
+  static const auto commands = swept_commands();
+  return *std::ranges::find(commands, name, &swept_command::name);
+}
+
+namespace {
+
+void print(const paired_user& user) {
+  for (const std::string& text : user.messages()) std::puts(text.c_str());
+  if (user.found_nothing()) std::puts("what the command needs is not shown");
+  std::fflush(stdout);
+}
+
+/// Users of the command who are killed, each at the stop after the one before, and one who isn't.
+void kill_at_each_stop(const std::string& command, const std::string& connect_string) {
+  QProcess user;
+  user.setProcessChannelMode(QProcess::ForwardedChannels);
+  for (int stop = 1; stop == 1 || user.exitStatus() == QProcess::CrashExit; ++stop) {
+    user.start(QCoreApplication::applicationFilePath(),
+               {"--do", QString::fromStdString(command), QString::fromStdString(connect_string),
+                QString::number(stop)});
+    user.waitForFinished(60'000);
+  }
+}
+
+}  // namespace
+
 int do_command(const std::vector<std::string>& arguments) {
-  const auto commands = swept_commands();
-  const auto command = std::ranges::find(commands, arguments.at(0), &swept_command::name);
+  const swept_command& command = command_called(arguments.at(0));
   const std::string& connect_string = arguments.at(1);
   ADODB::Connection conn;
   conn.Open(connect_string);
-  paired_user user(*command);
-  user.work(connect_string, [&] { return is_reached(*command, conn); });
-  for (const std::string& text : user.messages()) std::puts(text.c_str());
-  if (user.found_nothing()) std::puts("what the command needs is not shown");
+  paired_user user(command);
+  user.stop = arguments.size() > 2 ? std::stoi(arguments[2]) : 0;
+  user.at_stop = [&] {
+    if (arguments.size() > 3) kill_at_each_stop(arguments[3], connect_string);
+    std::raise(SIGKILL);
+  };
+  user.work(connect_string, [&] { return is_reached(command, conn); });
+  print(user);
   return 0;
 }
 

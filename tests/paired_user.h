@@ -9,7 +9,8 @@
 
 namespace harness {
 
-/// Does one command as a user who answers every question with OK and leaves at the first refusal.
+/// Does one command as a user who answers every question with OK, tries once more when the
+/// connection was lost, and leaves at the first refusal.
 class paired_user : public window_player {
  public:
   explicit paired_user(const swept_command& command) : command_(command) {}
@@ -37,12 +38,18 @@ class paired_user : public window_player {
   int turns_ = 0;
   bool has_begun_ = false;
   bool leaves_ = false;
+  bool tries_again_ = false;
   bool found_nothing_ = false;
   bool was_asked_ = false;
   std::vector<std::string> messages_;  // but for the questions and the word of success
 };
 
-/// "--do NAME CONNECT_STRING": the command in a process of its own. Prints what the user is told.
+/// The command by that name, which there must be.
+[[nodiscard]] const swept_command& command_called(const std::string& name);
+
+/// "--do NAME CONNECT_STRING [STOP [OTHER]]": the command in a process of its own. Prints what the
+/// user is told. At a stop given the process kills itself; while it is held there, users of the
+/// other command are killed at each of their stops, and one does it whole.
 int do_command(const std::vector<std::string>& arguments);
 
 }  // namespace harness

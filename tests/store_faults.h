@@ -44,6 +44,7 @@ enum class wire_fault {
   refused,      ///< the server refuses the request
   lost_before,  ///< the connection ends before the server gets the request
   lost_after,   ///< the server does what it is asked, and the connection ends before the answer
+  commit_lost,  ///< as lost_after, of commits alone
   away          ///< as lost_before, and nobody comes through any more until mend()
 };
 
