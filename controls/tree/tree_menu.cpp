@@ -63,17 +63,22 @@ void SSTree::tree_view::open_menu_of_current() {
   if (!selected()) return;
   scrollTo(currentIndex());
   const QRect row = visualRect(currentIndex()).intersected(viewport()->rect());
-  open_menu(viewport()->mapToGlobal(row.bottomLeft()));
+  QMenu* menu = open_menu(viewport()->mapToGlobal(row.bottomLeft()));
+  if (menu) menu->setActiveAction(menu->actions().front());
 }
 
-void SSTree::tree_view::open_menu(QPoint place) {
+QMenu* SSTree::tree_view::open_menu(QPoint place) {
   auto* menu = new QMenu(this);
   menu->setAttribute(Qt::WA_DeleteOnClose);
   menu->setToolTipsVisible(true);
   add_commands(*menu);
   if (tree_.moving.move) add_moving(*menu, *selected());
-  if (menu->isEmpty()) return menu->deleteLater();
+  if (menu->isEmpty()) {
+    delete menu;
+    return nullptr;
+  }
   menu->popup(place);
+  return menu;
 }
 
 void SSTree::tree_view::add_commands(QMenu& menu) {

@@ -82,7 +82,8 @@ class SSTree::tree_view : public QTreeView {
   [[nodiscard]] int right_end(const QModelIndex& index) const;
   void fit_column();
   void open_menu_of_current();
-  void open_menu(QPoint place);
+  /// Null if there is nothing to choose.
+  QMenu* open_menu(QPoint place);
   void add_commands(QMenu& menu);
   void add_moving(QMenu& menu, const tree_node& node);
   void put_marked(const Node& target);

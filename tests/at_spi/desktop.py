@@ -50,6 +50,11 @@ def all_below(thing):
         yield from all_below(child)
 
 
+def middle(thing):
+    place = Atspi.Component.get_extents(thing, Atspi.CoordType.SCREEN)
+    return place.x + place.width // 2, place.y + place.height // 2
+
+
 def do(thing, action):
     names = [
         Atspi.Action.get_action_name(thing, place)
@@ -86,17 +91,17 @@ class Program:
         if event.detail1:
             self.told.append(event.source)
 
-    def focused(self, role, name):
-        """The next thing of that role and name that the keyboard comes to."""
+    def focused(self, role, name=None):
+        """The next thing of that role and name, or of any, that the keyboard comes to."""
 
         def look():
             while self.told:
                 it = self.told.pop(0)
-                if it.get_role_name() == role and it.get_name() == name:
+                if it.get_role_name() == role and name in (None, it.get_name()):
                     return it
             return None
 
-        return wait_for(f"the keyboard at {role} {name}", look)
+        return wait_for(f"the keyboard at {role} {name or ''}", look)
 
     def window(self, name):
         """The window of that name, once it is the last that came up."""
@@ -134,6 +139,15 @@ class Window:
     def press_key(self, name):
         wait_for("the keyboard", lambda: has(self.root, Atspi.StateType.ACTIVE))
         Atspi.generate_keyboard_event(KEYS[name], None, Atspi.KeySynthType.PRESSRELEASE)
+
+    def drag(self, thing, onto):
+        """With the mouse, by the way that a hand takes."""
+        (x, y), (to_x, to_y) = middle(thing), middle(onto)
+        Atspi.generate_mouse_event(x, y, "b1p")
+        for step in range(11):
+            Atspi.generate_mouse_event(x + (to_x - x) * step // 10, y + (to_y - y) * step // 10, "abs")
+            time.sleep(0.02)
+        Atspi.generate_mouse_event(to_x, to_y, "b1r")
 
     def press(self, name, description=None):
         button = self.find("push button", name, description)

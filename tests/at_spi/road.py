@@ -12,7 +12,7 @@ from desktop import Atspi, Program, has, wait_for, write
 
 WRITTEN = {
     "select p_replace_no, kind, title, comment from replace order by replace_no":
-        [(0, "F", "営業", None), (0, "C", "敬称", "会社による敬称")],
+        [(0, "F", "営業", None), (1, "C", "敬称", "会社による敬称")],
     "select use_type, s_val, s_method from replace_cond": [("S", "山田商店", 2)],
     "select p_replace_m_no, use_type, coalesce(field_id, replace_cond_type, replace_title), r_text"
     " from replace_m order by replace_m_no":
@@ -83,8 +83,10 @@ def finish(program):
 
 def choose(program, window, entry, place):
     """The entry at that place of the node's menu, counted from its end."""
-    for key in ["Menu"] + place * ["Up"]:
-        window.press_key(key)
+    window.press_key("Menu")
+    program.focused("menu item")
+    for _ in range(place):
+        window.press_key("Up")
     program.focused("menu item", entry)
     window.press_key("Return")
 
@@ -101,6 +103,14 @@ def search_and_move(program):
     browser.press_key("Home")
     choose(program, browser, "「敬称」をここへ移動", 2)
     browser.find("table cell", "敬称", "置換定義")
+
+
+def drag_back(program, store):
+    browser = program.window("置換タイトル一覧")
+    browser.drag(browser.find("table cell", "敬称", "置換定義"),
+                 browser.find("table cell", "営業", "フォルダ"))
+    wait_for("the drop", lambda: store.execute(
+        "select 1 from replace where kind='C' and p_replace_no=1").fetchall())
     browser.press("閉じる", "一覧を閉じる")
 
 
@@ -120,6 +130,7 @@ def main(rule_store, host):
             set_value(program, "以外", "以外の条件", "その他", "様")
             finish(program)
             search_and_move(program)
+            drag_back(program, store)
             assert process.wait(10) == 0, f"the host ended with {process.returncode}"
         finally:
             process.kill()
