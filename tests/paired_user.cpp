@@ -54,7 +54,8 @@ void paired_user::read(QWidget& message) {
   auto& box = static_cast<QMessageBox&>(message);
   const bool is_question = box.buttons().size() > 1;
   was_asked_ = was_asked_ || is_question;
-  if (!is_question && text != "設定完了！") {
+  const bool asks_to_leave = text.starts_with("タイトルと備考を保存できませんでした。");
+  if (asks_to_leave || (!is_question && text != "設定完了！")) {
     messages_.push_back(text);
     tries_again_ = engine_text(text).starts_with("the connection to the server was lost, ");
     leaves_ = !tries_again_;
