@@ -11,6 +11,7 @@
 
 #include "ta_vorlumine/replace_class.h"
 #include "user.h"
+#include "window_manners.h"
 
 namespace harness {
 namespace {
@@ -57,6 +58,8 @@ void window_player::tick() {
     const bool too_long = QDateTime::currentMSecsSinceEpoch() - idle_since_ > longest_wait;
     return too_long ? give_up("nothing goes on at " + name_of(top)) : void();
   }
+  if (const std::string fault = fault_of_window(*top); !fault.empty())
+    give_up(name_of(top) + ": " + fault);
   at_work_.push_back(top);
   try {
     take_turn(*top);

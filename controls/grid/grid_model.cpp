@@ -90,9 +90,9 @@ class grid_model::table : public QAbstractTableModel {
 
   // A cell that isn't typed into has the input method off: a digit picks its entry at once.
   [[nodiscard]] Qt::ItemFlags flags(const QModelIndex& cell) const override {
+    if (!cell.isValid()) return Qt::NoItemFlags;
     const Qt::ItemFlags all = Qt::ItemIsEnabled | Qt::ItemIsSelectable;
-    const bool typed = cell.isValid() && !cells_.drops_down(place_of(cell).column);
-    return typed ? all | Qt::ItemIsEditable : all;
+    return cells_.drops_down(place_of(cell).column) ? all : all | Qt::ItemIsEditable;
   }
 
  private:
