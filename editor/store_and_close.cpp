@@ -66,9 +66,11 @@ bool replace_create::store_checked_title() {
     Text1.set_focus();
     return false;
   }
+  const title_fields loaded = loaded_.stored;
   while (!store_title()) {
     if (!platform::ask("タイトルまたは備考が他のプログラムによって変更されています。"
                        "上書きしてもよろしいですか")) {
+      loaded_.stored = loaded;  // the next try asks again
       return false;
     }
   }

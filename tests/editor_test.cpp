@@ -61,6 +61,11 @@ TEST_F(Editor, ShowsTitleRemarkAndRulesAndStoresOnExit) {
     EXPECT_EQ(pictures(),
               (rows{"root", "open", "cond", "open", "cond", "val", "cond", "cond", "val"}));
     EXPECT_EQ(tree().indexAt(QPoint(1, 1)), node("置換条件"));
+    EXPECT_EQ(kinds(), (rows{"", "項目", "条件", "項目", "条件", "置換値", "以外の条件",
+                             "以外の条件", "置換値"}));
+    tree().collapse(node("氏名"));
+    EXPECT_EQ(pictures()[1], "close");
+    tree().expandAll();
     EXPECT_EQ(enabled_buttons(), "exit");
     EXPECT_EQ(text_of("Text1") + "|" + text_of("Text2"), "詳細|人'の%10");
     type("Text1", "敬'称");
@@ -161,6 +166,34 @@ TEST_F(Editor, ChecksTheTitleInItsOrder) {
     type("Text1", "空");  // a title in use is no matter for a definition that exists
   });
   EXPECT_EQ(title_of(7), "空|人'の%10");
+}
+
+TEST_F(Editor, WhatAnotherProgramWroteMeanwhileIsWrittenOverOnlyWhenAsked) {
+  const std::string asked =
+      "タイトルまたは備考が他のプログラムによって変更されています。上書きしてもよろしいですか";
+  const auto others_change = [this](const std::string& set) {
+    store.run("update replace set " + set + " where replace_no=7");
+  };
+  edit(store, "詳細", [&] { others_change("title='他人',comment='他人の'"); });
+  EXPECT_EQ(title_of(7), "他人|他人の") << "nothing was typed";
+  edit(store, "他人", [&] {
+    type("Text2", "私の");
+    others_change("title='改名',comment='また'");
+    for (const bool may_write : {false, false, true}) {
+      EXPECT_EQ(title_of(7), "改名|また");
+      press("exit");
+      question(asked, may_write);
+    }
+    in("replaceForm");
+  });
+  EXPECT_EQ(title_of(7), "改名|私の") << "a title that nobody typed stays as it was changed";
+  edit(store, "改名", [&] {
+    type("Text1", "同名");
+    others_change("title='同名'");
+    press("exit");
+    in("replaceForm");  // both have written the same
+  });
+  EXPECT_EQ(title_of(7), "同名|私の");
 }
 
 TEST_F(Editor, AnUntouchedNewDefinitionGoesAwayAgain) {
