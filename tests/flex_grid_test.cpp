@@ -65,6 +65,33 @@ TEST_F(flex_grid, hints_at_a_text_that_its_cell_cuts_off) {
   QToolTip::hideText();
 }
 
+TEST_F(flex_grid, shows_lines_between_cells_arrows_on_drop_downs_and_where_the_keyboard_is) {
+  fg.Row(1);
+  const QColor ground = view().palette().color(QPalette::Base);
+  const auto cell = [this](int row, int col) {
+    return view().visualRect(view().model()->index(row - 1, shown(col)));
+  };
+  const auto has_ink = [&](const QRect& where) {
+    const QImage image = view().viewport()->grab(where).toImage();
+    for (int x = 0; x < image.width(); ++x)
+      for (int y = 0; y < image.height(); ++y)
+        if (image.pixelColor(x, y) != ground) return true;
+    return false;
+  };
+  const auto inside = [&](int col) { return has_ink(cell(3, col).adjusted(2, 2, -3, -3)); };
+  EXPECT_FALSE(inside(value));
+  EXPECT_TRUE(inside(method)) << "an arrow";
+  const QRect empty = cell(3, value);
+  EXPECT_TRUE(has_ink({empty.topRight() + QPoint(0, 5), QSize(1, 1)}));
+  EXPECT_TRUE(has_ink({empty.bottomLeft() + QPoint(5, 0), QSize(1, 1)}));
+  const QImage with_keyboard = view().viewport()->grab(cell(1, value)).toImage();
+  ok_button().setFocus();
+  const QImage without = view().viewport()->grab(cell(1, value)).toImage();
+  fg.Row(2);
+  EXPECT_NE(with_keyboard, without);
+  EXPECT_NE(without, view().viewport()->grab(cell(1, value)).toImage());
+}
+
 TEST_F(flex_grid, is_filled_by_keyboard_alone) {
   fg.Row(3);
   type("new");
@@ -193,6 +220,10 @@ TEST_F(flex_grid, picks_from_the_list_by_keys) {
   EXPECT_EQ(fg.TextMatrix(1, method), "3");
   key(Qt::Key_Space);
   key(Qt::Key_Up);
+  EXPECT_TRUE(list().isVisible());
+  key(Qt::Key_Up, Qt::AltModifier);
+  EXPECT_FALSE(list().isVisible());
+  key(Qt::Key_Space);
   key(Qt::Key_Escape);
   EXPECT_EQ(fg.TextMatrix(1, method), "3");
   EXPECT_EQ(closed, 0);

@@ -4,6 +4,7 @@
 
 #include <QApplication>
 #include <QInputMethodEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
 #include <QTest>
@@ -212,9 +213,14 @@ TEST_P(InputMethod, SearchesWhereNoTextIsTaken) {
   EXPECT_FALSE(box.isVisible()) << "nothing is left of what was given up";
 
   Combo1.set_focus();
+  const QWidget& combo = *Combo1.peer().widget;
+  const auto& composed = *combo.findChild<QLabel*>();
   method.type("ふり");
   EXPECT_EQ(Combo1.text(), "");
+  EXPECT_EQ(composed.text(), "ふり");
+  EXPECT_TRUE(composed.isVisible() && combo.rect().contains(candidates()));
   method.convert("ふり");
+  EXPECT_FALSE(composed.isVisible());
   EXPECT_EQ(Combo1.text(), "フリガナ");
 }
 

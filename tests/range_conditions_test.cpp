@@ -60,14 +60,17 @@ TEST_F(RangeConditions, NumbersAreComparedAsNumbers) {
     fill_cell(1, 6, "2");
     fill_cell(1, 7, "9.5");
     fill_cell(1, 8, "2");
+    control("Command1").setFocus();
     ok();
     message("第1行目：数字の指定が正しくありません");
+    EXPECT_EQ(focused_control(), "fg");
     fill_cell(1, 5, "−９");
     fill_cell(1, 7, "１，０");
     ok();  // no number: ends without a word
     in("r_number_cond");
     fill_cell(1, 7, " ＋１０，０００．５ ");
-    fill_cell(2, 5, "abc");
+    fill_cell(2, 5, "漢ａbc");
+    EXPECT_EQ(cell(2, 5), "漢ａbc");
     fill_cell(2, 6, "1");
     ok();
     EXPECT_NE(read_message().find(harness::on_server() ? "numeric" : "n_f_val"), std::string::npos);
@@ -76,21 +79,26 @@ TEST_F(RangeConditions, NumbersAreComparedAsNumbers) {
     ok();
     message("第2行目：数字の桁数が多すぎるため、登録できません");
     fill_cell(2, 5, "７００８７１９６４．１９９７６３");
+    fill_cell(3, 5, "5");
+    fill_cell(3, 6, "1");
+    fill_cell(3, 7, "5.0");
+    fill_cell(3, 8, "1");
     ok();
     message("設定完了！");
     EXPECT_EQ(tree_lines()[2],
-              "    -9から（含まない）10000.5まで（含まない）;700871964.199763から");
-    click_node("-9から（含まない）10000.5まで（含まない）;700871964.199763から");
+              "    -9から（含まない）10000.5まで（含まない）;700871964.199763から;5から5まで");
+    click_node("-9から（含まない）10000.5まで（含まない）;700871964.199763から;5から5まで");
     press("cond_set");
     click_cell(2, 5);
-    EXPECT_EQ(grid_column(5), (rows{"-9", "700871964.199763", ""})) << "one end is enough";
-    EXPECT_EQ(grid_column(8), (rows{"まで（含まない）", "", ""}));
+    EXPECT_EQ(grid_column(5), (rows{"-9", "700871964.199763", "5", ""})) << "one end is enough";
+    EXPECT_EQ(grid_column(8), (rows{"まで（含まない）", "", "まで", ""}));
     EXPECT_EQ(grid().model()->headerData(3, Qt::Horizontal, Qt::AccessibleTextRole),
               "比較値(TO)の比較方法");
     press("Command2");
   });
   EXPECT_EQ(all_lines(31), (rows{"8|1|N|null|null|null|null|2|-9|2|10000.5",
-                                 "8|2|N|null|null|null|null|1|700871964.199763|null|null"}));
+                                 "8|2|N|null|null|null|null|1|700871964.199763|null|null",
+                                 "8|3|N|null|null|null|null|1|5|1|5"}));
 }
 
 TEST(TypedNumber, TakesJustTheFormsThatTheStoreTakes) {
@@ -102,6 +110,10 @@ TEST(TypedNumber, TakesJustTheFormsThatTheStoreTakes) {
        {"", " ", "１２", "1,000", "1 000", "abc", "inf", "nan", "0x10", "1e", "+-1"}) {
     EXPECT_FALSE(read_number(text)) << text;
   }
+  constexpr double infinity = std::numeric_limits<double>::infinity();
+  EXPECT_EQ(read_number("1e-400"), 0);
+  EXPECT_EQ(read_number("1e400"), infinity);
+  EXPECT_EQ(read_number("-1e400"), -infinity);
   for (const char* text : {"1e23", " +0010.50", "0e99", "-9223372036854775808", "5e-324",
                            "0.30000000000000004", "1.7976931348623157e308"}) {
     EXPECT_TRUE(ADODB::is_kept_exactly(text)) << text;

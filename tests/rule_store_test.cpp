@@ -10,6 +10,7 @@
 #include "content_of.h"
 #include "store_failure.h"
 #include "test_store.h"
+#include "tool/json_text.h"
 #include "tool/store_commands.h"
 #include "without_rights.h"
 
@@ -173,6 +174,25 @@ TEST(RuleStoreTool, PrintsTheTablesAsJson) {
     expected.replace(expected.find("A\uFFFD"), std::string("A\uFFFDあ\uFFFD\uFFFD\uFFFDZ").size(),
                      " ");
   EXPECT_EQ(printed.output, expected);
+}
+
+TEST(Json, HoldsNothingThatIsNoCharacterOrNumber) {
+  using namespace std::string_literals;
+  for (const std::string& whole : {"\xE0\xA0\x80"s, "\xF0\x90\x80\x80"s, "\xED\x9F\xBF"s,
+                                   "\xF4\x8F\xBF\xBF"s, "\xC2\x80"s, " ~"s})
+    EXPECT_EQ(rule_store::json_string(whole), '"' + whole + '"');
+  for (const std::string& broken :
+       {"\xE0\x9F\xBF"s, "\xF0\x8F\x80\x80"s, "\xED\xA0\x80"s, "\xF4\x90\x80\x80"s,
+        "\xF5\x80\x80\x80"s, "\xC1\x80"s, "\xE3\x81"s}) {
+    std::string expected = "\"";
+    for (std::size_t i = 0; i < broken.size(); ++i) expected += "\uFFFD";
+    EXPECT_EQ(rule_store::json_string(broken), expected + '"');
+  }
+  EXPECT_EQ(rule_store::json_string("\x1F\x7F"), R"("\u001f\u007f")");
+  for (const char* number : {"0", "-0.5", "10", "1.25"})
+    EXPECT_TRUE(rule_store::is_json_number(number)) << number;
+  for (const char* text : {"", "-", "01", ".5", "1.", "1e5", "+1", "1.x", "1 "})
+    EXPECT_FALSE(rule_store::is_json_number(text)) << text;
 }
 
 TEST(RuleStoreTool, ShowsATerminalHowFarItIs) {

@@ -117,6 +117,15 @@ TEST_F(ValueDialog, ChangesAValueToEachKindBlanksTheOthersAndShowsIt) {
 
 TEST_F(ValueDialog, TellsAScreenReaderWhatEachInputIsFor) {
   add([] {
+    for (const char* chosen : {"Option1(3)", "Option1(1)"}) {
+      press(chosen);
+      std::string stops;
+      for (int kind = 0; kind < 5; ++kind) {
+        const std::string option = "Option1(" + std::to_string(kind) + ")";
+        if (control(option).focusPolicy() & Qt::TabFocus) stops += option;
+      }
+      EXPECT_EQ(stops, chosen) << "Tab comes to the one that is chosen, arrows to the others";
+    }
     std::string names = text_of("Label1") + "|";
     for (const char* name : {"Text1", "Text2", "Command3", "Text4", "Command5", "Combo1"})
       names += control(name).accessibleName().toStdString() + "|";
@@ -182,6 +191,7 @@ TEST_F(ValueDialog, ChecksTitleThenInputAndStaysOpen) {
     for (int kind = 0; kind < 4; ++kind) {
       select(kind);
       type(boxes[kind], "");
+      control("Command1").setFocus();
       ok();
       message(needs_value);
       EXPECT_EQ(focused_control(), boxes[kind]);

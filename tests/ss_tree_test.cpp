@@ -283,7 +283,9 @@ TEST_F(ss_tree, finds_any_part_of_a_text_by_typing) {
                   {"二 行", "1 / 1二\n行"},
                   {"xyz", "見つかりませんa"},
                   {"", "a"}};
+  EXPECT_FALSE(box()->isVisible());
   key(Qt::Key_Z);
+  EXPECT_LE(view().viewport()->geometry().bottom(), box()->parentWidget()->y());
   for (const auto& search : searches) {
     item("a").Expanded(false);
     box()->setText(search.typed);
@@ -307,6 +309,9 @@ TEST_F(ss_tree, finds_any_part_of_a_text_by_typing) {
   EXPECT_EQ(press("search_next"), "4 / 4b");
   QTest::keyClick(box(), Qt::Key_Escape);
   EXPECT_TRUE(view().hasFocus() && !box()->isVisible());
+  EXPECT_EQ(box()->accessibleDescription(), "") << "told of nodes that may have gone since";
+  for (const QToolButton* button : view().findChildren<QToolButton*>())
+    EXPECT_EQ(button->toolTip(), button->accessibleName());
 }
 
 TEST_F(ss_tree, keeps_what_is_typed_into_its_search_while_a_choice_takes_long) {

@@ -19,8 +19,9 @@ TEST(ConnectionString, KnowsKeysInAnyCaseAndTakesBracesOff) {
   EXPECT_EQ(settings.values.at("database"), "/a;b}c");
 
   const auto server = read_connection_string(
-      "Driver={PostgreSQL};Server=db;Port=5432;Database=d;Uid=u;Pwd=a=b ;SSLMode=require");
-  EXPECT_EQ(server.values.size(), 6U);
+      "Driver={PostgreSQL};Server=db;Port=5432;Database=d;Uid=u;Pwd=a=b ;SSLMode=require;"
+      "LockTimeout=0001;StatementTimeout=3600");
+  EXPECT_EQ(server.values.size(), 8U);
   EXPECT_EQ(server.values.at("pwd"), "a=b");
 }
 

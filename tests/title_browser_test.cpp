@@ -64,6 +64,8 @@ TEST_F(TitleBrowser, PicturesTellWhatTheValuesOfADefinitionAre) {
                                 "cond", "cond"}));
     tree().collapse(node("会社"));
     EXPECT_EQ(pictures()[4], "close");
+    EXPECT_EQ(kinds(), (rows{"", "置換定義", "置換定義", "フォルダ", "フォルダ", "置換定義",
+                             "置換定義", "置換定義", "置換定義", "置換定義"}));
   });
   store.run("delete from replace_m where replace_no=2");
   browse(store, [] { EXPECT_EQ(pictures()[2], "cond2"); });  // no values, as if all were images
@@ -330,18 +332,23 @@ TEST_F(TitleBrowser, AWaitIsShownAndLeftByTheUserWhoGetsNothingElseThrough) {
     click_node("宛名");
     press("addf");
     type("Text1", "新");
-    bool was_shown = false;
-    QTimer::singleShot(1500, [&] {
-      for (QWidget* window : QApplication::topLevelWidgets()) {
-        if (window->objectName() != "waiting_note") continue;
-        was_shown = window->isVisible();
-        QTest::keyClick(&top_window(), Qt::Key_Return);
-        QTest::mouseClick(window->findChild<QPushButton*>(), Qt::LeftButton);
-      }
-    });
-    press("Command2");
-    EXPECT_TRUE(was_shown);
-    EXPECT_NE(read_message().find(on_server() ? "user request" : "locked"), std::string::npos);
+    const auto press_and_leave = [](const std::function<void(QWidget & note)>& way) {
+      bool was_shown = false;
+      QTimer::singleShot(1500, [&] {
+        for (QWidget* window : QApplication::topLevelWidgets()) {
+          if (window->objectName() != "waiting_note") continue;
+          was_shown = window->isVisible();
+          QTest::keyClick(&top_window(), Qt::Key_Return);
+          way(*window);
+        }
+      });
+      press("Command2");
+      EXPECT_TRUE(was_shown);
+      EXPECT_NE(read_message().find(on_server() ? "user request" : "locked"), std::string::npos);
+    };
+    press_and_leave([](QWidget&) { QTest::keyClick(&top_window(), Qt::Key_Escape); });
+    press_and_leave(
+        [](QWidget& note) { QTest::mouseClick(note.findChild<QPushButton*>(), Qt::LeftButton); });
     other.RollbackTrans();
     EXPECT_EQ(store.value("select count(*) from replace where title='新'"), "0");
     press("Command2");

@@ -73,6 +73,8 @@ void click_cell(int row, int column);
 [[nodiscard]] std::vector<std::string> tree_lines();
 /// The pictures of all nodes, from the top, by the names of their files.
 [[nodiscard]] std::vector<std::string> pictures();
+/// What a screen reader is told that each node is, from the top.
+[[nodiscard]] std::vector<std::string> kinds();
 [[nodiscard]] std::string selected_node();
 /// The texts of a grid's column from the first row to the last.
 [[nodiscard]] std::vector<std::string> grid_column(int column);

@@ -235,6 +235,13 @@ std::vector<std::string> pictures() {
   return names;
 }
 
+std::vector<std::string> kinds() {
+  std::vector<std::string> all;
+  for (const QModelIndex& node : all_nodes())
+    all.push_back(node.data(Qt::AccessibleDescriptionRole).toString().toStdString());
+  return all;
+}
+
 std::string selected_node() {
   const QModelIndexList selected = tree().selectionModel()->selectedIndexes();
   return selected.isEmpty() ? "" : text_of(selected.first());
