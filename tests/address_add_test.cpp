@@ -140,6 +140,18 @@ TEST_F(FieldPicker, TypingFindsAnEntryOfALongList) {
       QTest::keyClicks(&list(), "n");  // the same letter once more goes on to the next one
       EXPECT_EQ(text_of("Combo1"), found);
     }
+    for (const char* name : {"Pa", "1p", "Pb", "Qa", "Qb", "Qq"})
+      store.run(std::string("insert into field values('") + name + "','" + name + "','T')");
+    reopen();
+    const auto found_twice = [](char letter) {
+      QTest::keyClick(&list(), letter);
+      const std::string first = text_of("Combo1");
+      QTest::keyClick(&list(), letter);
+      return first + text_of("Combo1");
+    };
+    EXPECT_EQ(found_twice('p'), "PaPb") << "the next one that begins so";
+    reopen();
+    EXPECT_EQ(found_twice('q'), "QaQq") << "what has been typed so far";
     reopen();
     compose("開");
     compose("始");

@@ -226,6 +226,9 @@ TEST_F(Editor, AnUntouchedNewDefinitionGoesAwayAgain) {
 }
 
 TEST_F(Editor, CopiesADefinitionDeepUnderNewKeys) {
+  // What a definition of that number has left behind.
+  store.run(
+      "insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type) values(34,3,0,'F')");
   browse(store, [this] {
     open("詳細", "copy");
     EXPECT_EQ(tree_lines(), rich_tree);
@@ -254,6 +257,9 @@ TEST_F(Editor, ATitleOfTwoLinesIsShownAndGoesBackAsItIs) {
   browse(store, [this] {
     open("一 二", "update");
     EXPECT_EQ(text_of("Text1"), "一\n二");
+    control("Text2").setFocus();
+    compose("備\n考");
+    EXPECT_EQ(text_of("Text2").find('\n'), std::string::npos) << "typed, a box takes one line";
     type("Text2", "備考");
   });
   EXPECT_EQ(store.value("select title from replace where replace_no=7"), "一\n二");

@@ -28,6 +28,8 @@ TEST_F(flex_grid, holds_what_a_record_set_brings) {
   EXPECT_THROW(fg.RemoveItem(3), std::runtime_error);
   EXPECT_THROW(fg.Row(3), std::runtime_error);
   EXPECT_THROW(fg.ColComboList(method, "1;word"), std::runtime_error);
+  fg.DataSource(conn.Execute("select 1,2,3,4,5"));
+  EXPECT_EQ(fg.TextMatrix(1, 5), "5");
 }
 
 TEST_F(flex_grid, shows_words_and_headings_to_screen_readers_and_fills_its_width) {
@@ -40,6 +42,11 @@ TEST_F(flex_grid, shows_words_and_headings_to_screen_readers_and_fills_its_width
   EXPECT_EQ(heading->role(), QAccessible::ColumnHeader);
   EXPECT_EQ(heading->text(QAccessible::Name), "比較方法");
   EXPECT_EQ(table->tableInterface()->columnCount(), 2) << "the hidden ones are not there";
+  const QVariant alignment = view().model()->headerData(0, Qt::Horizontal, Qt::TextAlignmentRole);
+  EXPECT_TRUE(alignment.value<Qt::Alignment>().testFlag(Qt::AlignLeft));
+  fg.ColHidden(2, false);
+  EXPECT_EQ(table->tableInterface()->columnCount(), 3);
+  fg.ColHidden(2, true);
 
   fg.ColWidth(value, 1500);
   fg.ColWidth(method, 1500);
@@ -221,6 +228,7 @@ TEST_F(flex_grid, picks_from_the_list_by_keys) {
   key(Qt::Key_Space);
   key(Qt::Key_Up);
   EXPECT_TRUE(list().isVisible());
+  EXPECT_EQ(list().accessibleName(), "比較方法");
   key(Qt::Key_Up, Qt::AltModifier);
   EXPECT_FALSE(list().isVisible());
   key(Qt::Key_Space);

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemModelTester>
 #include <QApplication>
 #include <QLineEdit>
 #include <QListWidget>
@@ -38,6 +39,8 @@ class grid_dialog : public testing::Test {
 
   void open() {
     window.load();
+    using reporting = QAbstractItemModelTester::FailureReportingMode;
+    new QAbstractItemModelTester(view().model(), reporting::Fatal, view().model());
     view().window()->show();
     activate();
     view().setFocus();

@@ -5,11 +5,13 @@
 #include "lasting_user.h"
 #include "paired_user.h"
 #include "random_walk.h"
+#include "user.h"
 #include "window_pictures.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);
   const QApplication application(argc, argv);
+  harness::let_drags_run();
   const std::string command = argc > 1 ? argv[1] : "";
   if (command == "--walk") return harness::walk_command({argv + 2, argv + argc});
   if (command == "--pictures") return harness::pictures_command({argv + 2, argv + argc});

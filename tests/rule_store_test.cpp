@@ -134,7 +134,7 @@ TEST(RuleStoreTool, TellsHowItIsCalled) {
     EXPECT_NE(outcome.errors.find("--help'.\n"), std::string::npos);
     EXPECT_EQ(outcome.errors.find("secret"), std::string::npos);
   }
-  EXPECT_FALSE(std::filesystem::exists("a"));
+  EXPECT_FALSE(std::filesystem::remove("a"));
   for (const arguments& asking : {arguments{"-h"}, {"copy", "--help"}, {"--version", "check"}}) {
     const outcome outcome = rule_store_with(asking);
     EXPECT_EQ(outcome.code, 0);
@@ -206,6 +206,16 @@ TEST(RuleStoreTool, ShowsATerminalHowFarItIs) {
             0);
   EXPECT_NE(terminal.str().find(" rows"), std::string::npos);
   EXPECT_TRUE(terminal.str().ends_with(" \r")) << terminal.str();
+  for (const std::vector<std::string_view>& command : {std::vector<std::string_view>{"check", copy},
+                                                       {"check", "--repair", copy},
+                                                       {"print", copy},
+                                                       {"print", "--json", copy}}) {
+    terminal.str("");
+    EXPECT_EQ(rule_store::run_command(command, output, output, &terminal), 0);
+    EXPECT_TRUE(terminal.str().starts_with("\r") && terminal.str().ends_with(" \r"))
+        << terminal.str();
+  }
+  output.str("");
   terminal.str("");
   EXPECT_EQ(rule_store::run_command(std::vector<std::string_view>{"-q", "check", copy}, output,
                                     output, &terminal),

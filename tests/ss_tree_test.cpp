@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <QAbstractItemModelTester>
 #include <QAccessible>
 #include <QApplication>
 #include <QFont>
@@ -10,6 +11,7 @@
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QScrollBar>
+#include <QSignalSpy>
 #include <QTest>
 #include <QToolButton>
 #include <QToolTip>
@@ -37,6 +39,8 @@ class ss_tree : public testing::Test {
     tree.on_mouse_move = [this](int buttons, int shift, int, int) { tell("move", buttons, shift); };
     window.load();
     tree.set_image_list(pictures);
+    using reporting = QAbstractItemModelTester::FailureReportingMode;
+    new QAbstractItemModelTester(view().model(), reporting::Fatal, view().model());
     add_nodes();
     view().window()->show();
     view().window()->activateWindow();
@@ -95,6 +99,7 @@ class ss_tree : public testing::Test {
 
 TEST_F(ss_tree, keeps_nodes_by_key_and_in_the_order_of_adding) {
   EXPECT_EQ(tree.Nodes.Count(), 6U);
+  EXPECT_THROW(tree.Nodes.AddChild("a", "b", "taken"), std::runtime_error);
   EXPECT_EQ(tree.Nodes.Item(5).Key(), "a1");
   EXPECT_EQ(item("a1").Position(), 5U);
   EXPECT_EQ(item("a1").Text() + item("a1").Tag() + item("0").Tag(), "a1tr");
@@ -153,11 +158,13 @@ TEST_F(ss_tree, moves_a_node_with_all_below_it_to_the_last_place) {
 
 TEST_F(ss_tree, shows_nodes_as_they_are_told) {
   const Node a = item("a");
+  const QSignalSpy changes(view().model(), &QAbstractItemModel::dataChanged);
   a.Text("two\nlines");
   a.Font(true, 17);
   a.ForeColor(ta_vorlumine::RGB(1, 2, 3));
   a.Image("shut");
   a.ExpandedImage("wide");
+  EXPECT_EQ(changes.count(), 5) << "each is drawn";
   const QModelIndex shown = view().model()->index(0, 0, index("root"));
   EXPECT_EQ(shown.data(), "two lines");
   EXPECT_EQ(a.Text(), "two\nlines");
@@ -269,20 +276,17 @@ TEST_F(ss_tree, scrolls_sideways_to_what_is_too_long_for_it_and_hints_at_it) {
 }
 
 TEST_F(ss_tree, finds_any_part_of_a_text_by_typing) {
-  for (const char* title : {"ｶﾞﾗｽの皿", "ＡＢＣ商会", "Abc", "二\n行"})
+  for (const char* title : {"ｶﾞﾗｽの皿", "ＡＢＣ商会", "Abc", "二\n行", "ァヶ"})
     tree.Nodes.AddChild("a2", title, title);
   const auto box = [this] { return view().findChild<QLineEdit*>("search"); };
   const auto found = [&] { return box()->accessibleDescription().toStdString() + selected(); };
   const struct {
     const char* typed;
     const char* found;
-  } searches[] = {{"がら", "1 / 1ｶﾞﾗｽの皿"},
-                  {"ガラスノ", "1 / 1ｶﾞﾗｽの皿"},
-                  {"ａｂｃ", "1 / 2ＡＢＣ商会"},
-                  {"abc商", "1 / 1ＡＢＣ商会"},
-                  {"二 行", "1 / 1二\n行"},
-                  {"xyz", "見つかりませんa"},
-                  {"", "a"}};
+  } searches[] = {{"がら", "1 / 1ｶﾞﾗｽの皿"},     {"ガラスノ", "1 / 1ｶﾞﾗｽの皿"},
+                  {"ａｂｃ", "1 / 2ＡＢＣ商会"}, {"abc商", "1 / 1ＡＢＣ商会"},
+                  {"二 行", "1 / 1二\n行"},      {"ぁゖ", "1 / 1ァヶ"},
+                  {"xyz", "見つかりませんa"},    {"", "a"}};
   EXPECT_FALSE(box()->isVisible());
   key(Qt::Key_Z);
   EXPECT_LE(view().viewport()->geometry().bottom(), box()->parentWidget()->y());

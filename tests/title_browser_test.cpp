@@ -1,13 +1,18 @@
 #include <QAccessible>
 #include <QApplication>
+#include <QContextMenuEvent>
+#include <QHelpEvent>
 #include <QPushButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 #include <QTreeView>
 #include <QWidget>
 #include <set>
 
 #include "common_rules.h"
+#include "platform/hint.h"
 #include "rules/failure_words.h"
 #include "store/error.h"
 
@@ -104,6 +109,38 @@ TEST_F(TitleBrowser, SelectionAllowsWhatTheNodeTakesAndShowsItsRemark) {
     EXPECT_EQ(selected_node(), "宛名");
   });
   EXPECT_EQ(titles().size(), 9U);
+}
+
+TEST_F(TitleBrowser, ToldToWhoDoesNotSeeItOrPointsAtIt) {
+  const std::string remark(200, 'x');
+  store.run("update replace set comment='" + remark + "' where title='御中'");
+  browse(store, [&] {
+    QAccessibleInterface& button = *QAccessible::queryAccessibleInterface(&control("addf"));
+    EXPECT_EQ(button.text(QAccessible::Accelerator), "Alt+1");
+    EXPECT_EQ(
+        button.actionInterface()->keyBindingsForAction(QAccessibleActionInterface::pressAction()),
+        QStringList("Alt+1"));
+    click_node("御中");
+    QWidget& label = control("Label1");
+    QHelpEvent pointing(QEvent::ToolTip, {}, label.mapToGlobal(QPoint(5, 5)));
+    QApplication::sendEvent(&label, &pointing);
+    EXPECT_EQ(QToolTip::text(), platform::hint(remark.c_str()));
+    const auto has_menu = [](QContextMenuEvent::Reason why, const std::string& at) {
+      bool was_open = false;
+      act([&] {
+        const QPoint place = tree().visualRect(node(at)).center();
+        QContextMenuEvent wanted(why, place, tree().viewport()->mapToGlobal(place));
+        QApplication::sendEvent(tree().viewport(), &wanted);
+        QWidget* menu = QApplication::activePopupWidget();
+        was_open = menu != nullptr;
+        if (menu) menu->close();
+      });
+      return was_open;
+    };
+    EXPECT_TRUE(has_menu(QContextMenuEvent::Mouse, "御中"));
+    EXPECT_FALSE(has_menu(QContextMenuEvent::Mouse, "敬称")) << "its press has selected nothing";
+    EXPECT_TRUE(has_menu(QContextMenuEvent::Keyboard, "敬称")) << "of the selected node";
+  });
 }
 
 TEST_F(TitleBrowser, ANodeThatCantBeReadGetsNoButtonsOfTheOneBefore) {
@@ -321,6 +358,30 @@ TEST_F(TitleBrowser, FilesNodesByDraggingThem) {
   });
   EXPECT_EQ(folder_of("空") + folder_of("御中"), "5150");
   EXPECT_EQ(store.rows("select p_replace_no from replace where title='会社'"), (rows{"50", "50"}));
+}
+
+TEST_F(TitleBrowser, ADragOpensWhatItRestsOnAndScrollsAtTheEdge) {
+  store.run(
+      "with recursive n(i) as (select 100 union all select i+1 from n where i<160) "
+      "insert into replace(replace_no,p_replace_no,kind,title) select i,0,'F','行'||i from n");
+  store.run("update replace set p_replace_no=100 where replace_no=101");
+  browse(store, [] {
+    tree().collapse(node("行100"));
+    drag_node(node("行102"), node("行100"), [] { return tree().isExpanded(node("行100")); });
+    const QScrollBar& bar = *tree().verticalScrollBar();
+    const auto scroll_to = [&](const std::string& top) {
+      tree().scrollTo(node(top), QAbstractItemView::PositionAtTop);
+    };
+    scroll_to("行110");
+    const QPoint foot(50, tree().viewport()->height() - 5);
+    const QModelIndex last = tree().indexAt(foot);
+    const int before = bar.value();
+    drag_node(tree().indexBelow(node("行110")), last, [&] { return bar.value() > before + 5; });
+    scroll_to("行130");
+    const int below = bar.value();
+    const QModelIndex first = tree().indexAt({50, 5});
+    drag_node(tree().indexBelow(first), first, [&] { return bar.value() < below - 5; });
+  });
 }
 
 TEST_F(TitleBrowser, AWaitIsShownAndLeftByTheUserWhoGetsNothingElseThrough) {

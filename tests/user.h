@@ -52,8 +52,12 @@ void click_node(const QModelIndex& node);
 /// the entries, separated by blanks. Without a text it only looks.
 std::string menu(const std::string& entry = {});
 void double_click_node(const QModelIndex& node);
-/// Moves the node to the other by the toolkit's drag events.
-void drag_node(const QModelIndex& source, const QModelIndex& target);
+/// To be called before anything is dragged: without a display the toolkit's drags end as they
+/// begin.
+void let_drags_run();
+/// Moves the node to the other with the mouse, which may rest there until something has come.
+void drag_node(const QModelIndex& source, const QModelIndex& target,
+               const std::function<bool()>& rest = {});
 void drag_node(const std::string& source, const std::string& target);
 /// Fills a cell of the grid, whose rows count from 1: types a text, or picks an entry of a
 /// drop-down by its number.

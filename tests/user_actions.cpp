@@ -1,6 +1,12 @@
+#include <private/qdnd_p.h>
+#include <private/qguiapplication_p.h>
+#include <private/qsimpledrag_p.h>
+#include <qpa/qplatformintegration.h>
+
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
+
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
@@ -11,9 +17,10 @@
 #include <QToolButton>
 #include <QTreeView>
 #include <algorithm>
+#include <memory>
 #include <stdexcept>
+#include <utility>
 
-#include "browser/replace_form.h"
 #include "user.h"
 #include "window_player.h"
 
@@ -56,6 +63,43 @@ bool has_path(const QModelIndex& node, const std::string& path) {
 QPoint place_of(const QModelIndex& index) {
   tree().scrollTo(index);
   return tree().visualRect(index).center();
+}
+
+/// The drags that the toolkit has where a platform has none of its own. A drag has an event loop of
+/// its own, in which `way` is gone, once; without one the drag is given up.
+class played_drag : public QSimpleDrag {
+ public:
+  std::function<void()> way;
+
+ protected:
+  void startDrag() override {
+    QSimpleDrag::startDrag();
+    const auto go = [this, gone = std::exchange(way, {})] { gone ? gone() : cancelDrag(); };
+    QMetaObject::invokeMethod(this, go, Qt::QueuedConnection);
+  }
+};
+
+/// Without a display the toolkit ends each drag as it begins: its drags are made to be this one.
+played_drag& drag_of_toolkit() {
+  class integration : public QPlatformIntegration {
+   public:
+    [[nodiscard]] QPlatformDrag* drag() const override {
+      static auto* const played = new played_drag;  // kept: its window needs the application
+      return played;
+    }
+    QPlatformWindow* createPlatformWindow(QWindow*) const override { return nullptr; }
+    QPlatformBackingStore* createPlatformBackingStore(QWindow*) const override { return nullptr; }
+    QAbstractEventDispatcher* createEventDispatcher() const override { return nullptr; }
+  };
+  static auto* const made = [] {
+    static integration for_drags;
+    QPlatformIntegration* const whole =
+        std::exchange(QGuiApplicationPrivate::platform_integration, &for_drags);
+    QDragManager::self();
+    QGuiApplicationPrivate::platform_integration = whole;
+    return static_cast<played_drag*>(for_drags.drag());
+  }();
+  return *made;
 }
 
 // Five columns are not shown.
@@ -121,6 +165,8 @@ std::string menu(const std::string& entry) {
     QTest::keyClick(&focus(), Qt::Key_F10, Qt::ShiftModifier);
     QPointer<QMenu> menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
     if (!menu) return;
+    if (menu->activeAction() != menu->actions().first())
+      throw std::runtime_error("the keyboard is at no entry of the menu");
     menu->close();
     for (QAction* action : menu->actions()) {
       const std::string text = action->text().toStdString();
@@ -136,25 +182,32 @@ void double_click_node(const QModelIndex& node) {
           [=] { QTest::mouseDClick(tree().viewport(), Qt::LeftButton, {}, place_of(node)); });
 }
 
-// Without a display the toolkit's drag is over as soon as it starts: the way and the drop are told
-// to the tree's own events.
-void drag_node(const QModelIndex& source, const QModelIndex& target) {
+void let_drags_run() {
+  drag_of_toolkit();
+}
+
+void drag_node(const QModelIndex& source, const QModelIndex& target,
+               const std::function<bool()>& rest) {
   perform("drags " + text_of(source) + " onto " + text_of(target), [=] {
     QWidget& area = *tree().viewport();
     tree().scrollTo(target);
     const QPoint from = place_of(source);
     const QPoint to = tree().visualRect(target).center();
     if (!area.rect().contains(to)) return;
+    const QPoint corner = area.mapTo(area.window(), QPoint());
+    QWindow* const window = area.window()->windowHandle();
+    drag_of_toolkit().way = [=] {
+      for (const QPoint step : {QPoint(1, 0), QPoint(0, 0)})
+        QTest::mouseMove(window, corner + to + step);
+      if (rest && !QTest::qWaitFor(rest))
+        window_player::playing()->give_up("the drag rests in vain");
+      QTest::mouseRelease(window, Qt::LeftButton, {}, corner + to);
+    };
     const QPoint off = from + QPoint(2 * QApplication::startDragDistance(), 0);
-    QTest::mousePress(&area, Qt::LeftButton, {}, from);
     QMouseEvent move(QEvent::MouseMove, off, area.mapToGlobal(off), Qt::NoButton, Qt::LeftButton,
                      {});
+    QTest::mousePress(&area, Qt::LeftButton, {}, from);
     QApplication::sendEvent(&area, &move);
-    auto& browser = platform::form<ta_vorlumine::replaceForm>();
-    browser.window.guarded([&] {
-      browser.SSTree1.on_drag_over(to.x(), to.y());
-      browser.SSTree1.on_drop();
-    });
   });
 }
 

@@ -99,7 +99,7 @@ void SSTree::tree_view::add_commands(QMenu& menu) {
 void SSTree::tree_view::add_moving(QMenu& menu, const tree_node& node) {
   const Node hand = tree_.in_hand(&node);
   const tree_node* marked = model.marked();
-  menu.addSeparator();
+  if (!menu.isEmpty()) menu.addSeparator();
   if (marked && marked != &node && tree_.moving.takes_nodes(hand)) {
     connect(menu.addAction("「" + in_menu(menu, *marked) + "」をここへ移動"), &QAction::triggered,
             this, [this, hand] { put_marked(hand); });
