@@ -194,6 +194,12 @@ TEST_F(Editor, WhatAnotherProgramWroteMeanwhileIsWrittenOverOnlyWhenAsked) {
     in("replaceForm");  // both have written the same
   });
   EXPECT_EQ(title_of(7), "同名|私の");
+  store.refuse("update", "replace", "だめ");
+  edit(store, "同名", [] {});  // nothing to write
+  store.stop_refusing();
+  others_change("comment=null");
+  edit(store, "同名", [] {});
+  EXPECT_EQ(title_of(7), "同名| ");
 }
 
 TEST_F(Editor, AnUntouchedNewDefinitionGoesAwayAgain) {

@@ -130,6 +130,17 @@ TEST_F(TextCondition, OkWaitsForAProgramThatIsWriting) {
   EXPECT_EQ(texts(1).front(), "1|1|1|北");
 }
 
+TEST_F(TextCondition, ALineIsDeletedThoughAnotherProgramHasWrittenSinceTheDialogOpened) {
+  edit_at("敬称", condition, "cond_set", [this] {
+    store.run("update replace set comment='他' where title='敬称'");
+    click_cell(1, 5);
+    remove();
+    EXPECT_EQ(grid_column(5), (rows{"西", "南", ""}));
+    ok_done();
+  });
+  EXPECT_EQ(texts(1), (rows{"1|2|2|西", "1|4|3|南"}));
+}
+
 TEST_F(TextCondition, LinesThatAnotherProgramChangedAreWrittenOverOnlyWhenAsked) {
   const std::string asked =
       "この条件は他のプログラムによって変更されています。上書きしてもよろしいですか";
