@@ -155,6 +155,8 @@ class SwallowedKeys : public common_rules {
       EXPECT_TRUE(comes_through(letter, Qt::ControlModifier)) << letter << " in the search box";
       key(Qt::Key_Escape);
     }
+    for (const Qt::Key digit : {Qt::Key_0, Qt::Key_9})
+      EXPECT_FALSE(comes_through(digit, Qt::AltModifier)) << "no button has it";
     // These keys have the codes of the small letters.
     for (const Qt::KeyboardModifiers held : {Qt::NoModifier, Qt::ShiftModifier}) {
       EXPECT_FALSE(comes_through(Qt::Key_F9, held));

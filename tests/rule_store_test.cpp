@@ -212,7 +212,7 @@ TEST(RuleStoreTool, ShowsATerminalHowFarItIs) {
                                                        {"print", "--json", copy}}) {
     terminal.str("");
     EXPECT_EQ(rule_store::run_command(command, output, output, &terminal), 0);
-    EXPECT_TRUE(terminal.str().starts_with("\r") && terminal.str().ends_with(" \r"))
+    EXPECT_TRUE(terminal.str().starts_with("\rreading ") && terminal.str().ends_with(" \r"))
         << terminal.str();
   }
   output.str("");

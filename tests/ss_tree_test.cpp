@@ -8,6 +8,7 @@
 #include <QFont>
 #include <QHelpEvent>
 #include <QIcon>
+#include <QLabel>
 #include <QLineEdit>
 #include <QMouseEvent>
 #include <QScrollBar>
@@ -287,6 +288,13 @@ TEST_F(ss_tree, finds_any_part_of_a_text_by_typing) {
                   {"ａｂｃ", "1 / 2ＡＢＣ商会"}, {"abc商", "1 / 1ＡＢＣ商会"},
                   {"二 行", "1 / 1二\n行"},      {"ぁゖ", "1 / 1ァヶ"},
                   {"xyz", "見つかりませんa"},    {"", "a"}};
+  EXPECT_FALSE(box()->isVisible());
+  key(Qt::Key_Z);
+  EXPECT_EQ(box()->accessibleName(), "検索");
+  EXPECT_EQ(box()->parentWidget()->findChild<QLabel*>()->text(), "検索");
+  box()->insert("a\nb");
+  EXPECT_EQ(box()->text().indexOf('\n'), -1);
+  QTest::mouseClick(view().findChild<QToolButton*>("search_close"), Qt::LeftButton);
   EXPECT_FALSE(box()->isVisible());
   key(Qt::Key_Z);
   EXPECT_LE(view().viewport()->geometry().bottom(), box()->parentWidget()->y());

@@ -9,6 +9,7 @@
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QToolButton>
 
 namespace harness {
 namespace {
@@ -32,6 +33,18 @@ QString fault_of(const QWidget& control) {
   const bool shows_all = is_short || qobject_cast<const QAbstractButton*>(&control);
   if (shows_all && has_its_room && control.width() < control.minimumSizeHint().width())
     return "is cut";
+  const auto* button = qobject_cast<const QToolButton*>(&control);
+  const bool shows_text =
+      button && !button->text().isEmpty() &&
+      (button->icon().isNull() || button->toolButtonStyle() != Qt::ToolButtonIconOnly);
+  if (button && !shows_text && button->arrowType() == Qt::NoArrow) return "shows nothing";
+  const auto* frame = control.metaObject() == &QFrame::staticMetaObject
+                          ? static_cast<const QFrame*>(&control)
+                          : nullptr;
+  if (frame && frame->children().isEmpty() && frame->frameShape() == QFrame::NoFrame)
+    return "shows nothing";
+  if (control.objectName() == "search_box" && !control.autoFillBackground())
+    return "shows what lies below";
   if (lies_over_others(control)) return {};
   if (!control.parentWidget()->rect().contains(control.geometry())) return "lies outside";
   for (const QObject* other : control.parentWidget()->children()) {
