@@ -4,7 +4,6 @@
 #include <QTreeView>
 
 #include "common_rules.h"
-#include "platform/key_codes.h"
 
 using namespace harness;
 using rows = std::vector<std::string>;
@@ -124,18 +123,6 @@ class key_watch : public QObject {
   }
   int last = 0;
 };
-
-TEST(Keys, HaveTheCodesThatFormsCompare) {
-  const auto code = [](Qt::Key key, Qt::KeyboardModifiers held = {}) {
-    return platform::key_code(QKeyEvent(QEvent::KeyPress, key, held));
-  };
-  EXPECT_EQ(code(Qt::Key_0), '0');
-  EXPECT_EQ(code(Qt::Key_9, Qt::KeypadModifier), 105);
-  EXPECT_EQ(code(Qt::Key_A) + code(Qt::Key_Z), 'A' + 'Z');
-  EXPECT_EQ(code(Qt::Key_F1), 112);
-  EXPECT_EQ(code(Qt::Key_F24), 135);
-  EXPECT_EQ(code(Qt::Key_Slash) + code(Qt::Key_Colon) + code(Qt::Key_F25), -3);
-}
 
 class SwallowedKeys : public common_rules {
  protected:

@@ -22,29 +22,29 @@ bool lies_over_others(const QWidget& control) {
   return control.objectName() == "search_box" || !control.parentWidget()->layout();
 }
 
-QString fault_of(const QWidget& control) {
-  const bool has_tab_stop = (control.focusPolicy() & Qt::TabFocus) != 0 && control.isEnabled();
-  if (has_tab_stop && !control.focusProxy() && told(control, QAccessible::Name).isEmpty())
-    return "has no name for who hears it";
-  const QWidget& window = *control.window();
-  const bool has_its_room = window.width() >= window.minimumSizeHint().width();  // on its screen
+QString wrong_name(const QWidget& control) {
+  const bool is_tab_stop = (control.focusPolicy() & Qt::TabFocus) != 0 && control.isEnabled();
+  if (!is_tab_stop || control.focusProxy()) return {};
+  return told(control, QAccessible::Name).isEmpty() ? "has no name for who hears it" : "";
+}
+
+QString wrong_look(const QWidget& control) {
   const auto* label = qobject_cast<const QLabel*>(&control);
   const bool is_short = label && !label->wordWrap() && label->toolTip().isEmpty();
   const bool shows_all = is_short || qobject_cast<const QAbstractButton*>(&control);
+  const QWidget& window = *control.window();
+  const bool has_its_room = window.width() >= window.minimumSizeHint().width();  // on its screen
   if (shows_all && has_its_room && control.width() < control.minimumSizeHint().width())
     return "is cut";
   const auto* button = qobject_cast<const QToolButton*>(&control);
-  const bool shows_text =
-      button && !button->text().isEmpty() &&
-      (button->icon().isNull() || button->toolButtonStyle() != Qt::ToolButtonIconOnly);
-  if (button && !shows_text && button->arrowType() == Qt::NoArrow) return "shows nothing";
-  const auto* frame = control.metaObject() == &QFrame::staticMetaObject
-                          ? static_cast<const QFrame*>(&control)
-                          : nullptr;
-  if (frame && frame->children().isEmpty() && frame->frameShape() == QFrame::NoFrame)
-    return "shows nothing";
-  if (control.objectName() == "search_box" && !control.autoFillBackground())
-    return "shows what lies below";
+  const bool is_picture =
+      button && !button->icon().isNull() && button->toolButtonStyle() == Qt::ToolButtonIconOnly;
+  if (is_picture || (button && button->text().isEmpty() && button->arrowType() == Qt::NoArrow))
+    return "has no words";
+  return {};
+}
+
+QString wrong_place(const QWidget& control) {
   if (lies_over_others(control)) return {};
   if (!control.parentWidget()->rect().contains(control.geometry())) return "lies outside";
   for (const QObject* other : control.parentWidget()->children()) {
@@ -80,8 +80,8 @@ std::string fault_of_window(const QWidget& window) {
   for (const QWidget* control : window.findChildren<QWidget*>()) {
     if (!control->isVisible()) continue;
     if (const auto* view = qobject_cast<const QAbstractItemView*>(control)) watch_model(*view);
-    const QString fault = fault_of(*control);
-    if (!fault.isEmpty()) return (control->objectName() + ' ' + fault).toStdString();
+    for (const QString& fault : {wrong_name(*control), wrong_look(*control), wrong_place(*control)})
+      if (!fault.isEmpty()) return (control->objectName() + ' ' + fault).toStdString();
   }
   return {};
 }
