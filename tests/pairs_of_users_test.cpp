@@ -54,14 +54,15 @@ int times_done(const swept_command& command, ADODB::Connection& conn) {
 
 /// Each of these plays a meeting; false if the command has no stop of that number.
 bool play(const meeting& meeting, const test_store& store, store_faults& faults) {
-  const auto& [held, stop, other] = meeting;
+  const swept_command& held = meeting.held;
+  const swept_command& other = meeting.other;
   ADODB::Connection conn;
   conn.Open(store.connect_string());
   paired_user user(held);
   texts told_to_other;
   bool held_was_done = false;
   bool other_was_done = false;
-  user.stop = stop;
+  user.stop = meeting.stop;
   user.at_stop = [&] {
     held_was_done = is_reached(held, conn);
     told_to_other = told_by(*done_by_process(other, store));
