@@ -165,7 +165,8 @@ TEST(RuleStoreTool, PrintsTheTablesAsJson) {
   store.run_all({"insert into field values('F1','a\"\\\n\x01é','B')",
                  "insert into replace values(1,0,'C',null,' ',1)",
                  "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,n_f_val,"
-                 "n_f_method,n_t_val,b_val) values(1,1,1,'N',-0.5,2,9007199254740993,false)"});
+                 "n_f_method,n_t_val,b_val) values(1,1,1,'N',-0.5,2,9007199254740993,false),"
+                 "(1,1,2,'B',null,null,null,true)"});
   if (!harness::on_server())
     store.run("update replace set comment=cast(x'41ffe38182eda0805a' as text)");
   const outcome printed = rule_store_with({"print", store.connect_string(), "--json"});

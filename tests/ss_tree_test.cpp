@@ -359,7 +359,11 @@ TEST_F(ss_tree, tells_a_move_once_with_a_button_held_and_away_from_the_press) {
   const QImage before = view().viewport()->grab().toImage();
   tree.DropHighlight(item("c"));
   EXPECT_EQ(tree.DropHighlight().Key(), "c");
-  EXPECT_NE(view().viewport()->grab().toImage(), before);
+  const QImage framed = view().viewport()->grab().toImage();
+  const QRect target = view().visualRect(index("c"));
+  EXPECT_NE(framed.copy(target), before.copy(target));
+  EXPECT_EQ(framed.pixelColor(view().visualRect(index("a")).topRight() + QPoint(-5, 1)),
+            view().palette().color(QPalette::Base));
   tree.Drag(item("b"));
   EXPECT_TRUE(tree.DropHighlight().is_empty()) << "a drag that ends without a drop clears it";
   EXPECT_EQ(view().viewport()->grab().toImage(), before);
