@@ -1,102 +1,20 @@
-#include "controls/tree/ss_tree.h"
-
-#include <gtest/gtest.h>
-
-#include <QAbstractItemModelTester>
 #include <QAccessible>
-#include <QApplication>
 #include <QFont>
 #include <QHelpEvent>
 #include <QIcon>
-#include <QLabel>
-#include <QLineEdit>
-#include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
-#include <QTest>
-#include <QToolButton>
 #include <QToolTip>
-#include <QTreeView>
 #include <stdexcept>
 
-#include "platform/form.h"
 #include "platform/hint.h"
-#include "platform/toolkit_peer.h"
+#include "tree_window.h"
 
 namespace {
 
+using harness::lines;
+using ss_tree = harness::tree_window;
 using ta_vorlumine::Node;
-using ta_vorlumine::SSTree;
-using lines = std::vector<std::string>;
-
-/// A window with nothing but a tree, which tells its events.
-class ss_tree : public testing::Test {
- protected:
-  ss_tree() {
-    window.body = platform::column({tree});
-    tree.on_node_click = [this](const Node& node) { told.push_back("click " + node.Key()); };
-    tree.on_node_open = [this](const Node& node) { told.push_back("open " + node.Key()); };
-    tree.on_mouse_down = [this](int button, int shift, int, int) { tell("down", button, shift); };
-    tree.on_mouse_move = [this](int buttons, int shift, int, int) { tell("move", buttons, shift); };
-    window.load();
-    tree.set_image_list(pictures);
-    using reporting = QAbstractItemModelTester::FailureReportingMode;
-    new QAbstractItemModelTester(view().model(), reporting::Fatal, view().model());
-    add_nodes();
-    view().window()->show();
-    view().window()->activateWindow();
-    EXPECT_TRUE(QTest::qWaitForWindowActive(view().window()));
-    view().setFocus();
-  }
-  ~ss_tree() override { view().window()->hide(); }
-
-  void add_nodes() {
-    tree.Nodes.Add("0", "root", "r");
-    for (const char* key : {"a", "b", "c"}) tree.Nodes.AddChild("0", key, key);
-    for (const char* key : {"a1", "a2"}) tree.Nodes.AddChild("a", key, key, "t");
-    tree.Nodes.Item("0").Expanded(true);
-    tree.Nodes.Item("a").Expanded(true);
-  }
-  void add_many() {
-    for (int i = 100; i < 200; ++i) tree.Nodes.AddChild("b", std::to_string(i), "node");
-    tree.Nodes.Item("b").Expanded(true);
-  }
-  void tell(const char* what, int button, int shift) {
-    told.push_back(what + std::string(" ") + std::to_string(button) + " " + std::to_string(shift));
-  }
-  lines heard() { return std::exchange(told, {}); }
-
-  Node item(const std::string& key) { return tree.Nodes.Item(key); }
-  std::string selected() {
-    const Node node = tree.SelectedItem();
-    return node.is_empty() ? "" : node.Key();
-  }
-  QTreeView& view() { return platform::as<QTreeView>(tree.peer()); }
-  QModelIndex index(const QString& text, const QModelIndex& parent = {}) {
-    for (int row = 0; row < view().model()->rowCount(parent); ++row) {
-      const QModelIndex child = view().model()->index(row, 0, parent);
-      const QModelIndex found = child.data() == text ? child : index(text, child);
-      if (found.isValid()) return found;
-    }
-    return {};
-  }
-  QPoint place(const QString& text) { return view().visualRect(index(text)).center(); }
-  void click(QPoint where, Qt::MouseButton button = Qt::LeftButton,
-             Qt::KeyboardModifiers held = Qt::NoModifier) {
-    QTest::mouseClick(view().viewport(), button, held, where);
-  }
-  void move(QPoint where, Qt::MouseButtons held) {
-    QMouseEvent event(QEvent::MouseMove, where, view().viewport()->mapToGlobal(where), Qt::NoButton,
-                      held, Qt::NoModifier);
-    QApplication::sendEvent(view().viewport(), &event);
-  }
-  void key(Qt::Key code) { QTest::keyClick(&view(), code); }
-
-  platform::Form window{"window", "", 6000, 4000};
-  platform::ImageList pictures{{"shut", "close"}, {"wide", "open"}};
-  SSTree tree{window, "SSTree1", "names"};
-  lines told;
-};
 
 TEST_F(ss_tree, keeps_nodes_by_key_and_in_the_order_of_adding) {
   EXPECT_EQ(tree.Nodes.Count(), 6U);
@@ -274,73 +192,6 @@ TEST_F(ss_tree, scrolls_sideways_to_what_is_too_long_for_it_and_hints_at_it) {
   view().grab();
   QApplication::processEvents();
   EXPECT_EQ(sideways.maximum(), 0);
-}
-
-TEST_F(ss_tree, finds_any_part_of_a_text_by_typing) {
-  for (const char* title : {"ｶﾞﾗｽの皿", "ＡＢＣ商会", "Abc", "二\n行", "ァヶ"})
-    tree.Nodes.AddChild("a2", title, title);
-  const auto box = [this] { return view().findChild<QLineEdit*>("search"); };
-  const auto found = [&] { return box()->accessibleDescription().toStdString() + selected(); };
-  const struct {
-    const char* typed;
-    const char* found;
-  } searches[] = {{"がら", "1 / 1ｶﾞﾗｽの皿"},     {"ガラスノ", "1 / 1ｶﾞﾗｽの皿"},
-                  {"ａｂｃ", "1 / 2ＡＢＣ商会"}, {"abc商", "1 / 1ＡＢＣ商会"},
-                  {"二 行", "1 / 1二\n行"},      {"ぁゖ", "1 / 1ァヶ"},
-                  {"xyz", "見つかりませんa"},    {"", "a"}};
-  EXPECT_FALSE(box()->isVisible());
-  key(Qt::Key_Z);
-  EXPECT_EQ(box()->accessibleName(), "検索");
-  EXPECT_EQ(box()->parentWidget()->findChild<QLabel*>()->text(), "検索");
-  box()->insert("a\nb");
-  EXPECT_EQ(box()->text().indexOf('\n'), -1);
-  QTest::mouseClick(view().findChild<QToolButton*>("search_close"), Qt::LeftButton);
-  EXPECT_FALSE(box()->isVisible());
-  key(Qt::Key_Z);
-  EXPECT_LE(view().viewport()->geometry().bottom(), box()->parentWidget()->y());
-  for (const auto& search : searches) {
-    item("a").Expanded(false);
-    box()->setText(search.typed);
-    EXPECT_EQ(found(), search.found);
-  }
-  heard();
-  box()->setText("b");
-  EXPECT_EQ(found(), "1 / 3ＡＢＣ商会");
-  item("a2").Text("B");
-  for (const Qt::Key step : {Qt::Key_Return, Qt::Key_Down, Qt::Key_Up})
-    QTest::keyClick(box(), step);
-  EXPECT_EQ(found(), "3 / 4Abc");
-  for (int back = 0; back < 3; ++back) QTest::keyClick(box(), Qt::Key_Enter, Qt::ShiftModifier);
-  EXPECT_EQ(found(), "4 / 4b");
-  EXPECT_EQ(heard().back(), "click b");
-  const auto press = [&](const char* button) {
-    QTest::mouseClick(view().findChild<QToolButton*>(button), Qt::LeftButton);
-    return found();
-  };
-  EXPECT_EQ(press("search_previous"), "3 / 4Abc");
-  EXPECT_EQ(press("search_next"), "4 / 4b");
-  QTest::keyClick(box(), Qt::Key_Escape);
-  EXPECT_TRUE(view().hasFocus() && !box()->isVisible());
-  EXPECT_EQ(box()->accessibleDescription(), "") << "told of nodes that may have gone since";
-  for (const QToolButton* button : view().findChildren<QToolButton*>())
-    EXPECT_EQ(button->toolTip(), button->accessibleName());
-}
-
-TEST_F(ss_tree, keeps_what_is_typed_into_its_search_while_a_choice_takes_long) {
-  tree.on_node_click = [](const Node&) {
-    QObject* const box = QApplication::focusWidget();
-    for (const auto& [code, text] : {std::pair(Qt::Key_2, "2"), {Qt::Key_Escape, "\x1b"}})
-      QCoreApplication::postEvent(box, new QKeyEvent(QEvent::KeyPress, code, {}, text));
-    QTest::qSleep(600);
-  };
-  key(Qt::Key_Z);  // which no node has
-  QLineEdit& box = *view().findChild<QLineEdit*>("search");
-  box.clear();
-  QTest::keyClick(&box, Qt::Key_A);
-  tree.on_node_click = {};
-  QCoreApplication::processEvents();
-  EXPECT_EQ(box.text().toStdString() + selected(), "a2a2");
-  EXPECT_TRUE(box.isVisible()) << "Esc was meant for what was shown before";
 }
 
 TEST_F(ss_tree, tells_a_move_once_with_a_button_held_and_away_from_the_press) {
