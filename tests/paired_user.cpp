@@ -14,6 +14,12 @@
 
 namespace harness {
 
+namespace {
+
+constexpr auto lost = "the connection to the server was lost, ";
+
+}  // namespace
+
 void paired_user::work(const std::string& connect_string, const std::function<bool()>& is_done) {
   is_done_ = is_done;
   play([&] { show_browser(connect_string); });
@@ -57,7 +63,7 @@ void paired_user::read(QWidget& message) {
   const bool asks_to_leave = text.starts_with("タイトルと備考を保存できませんでした。");
   if (asks_to_leave || (!is_question && text != "設定完了！")) {
     messages_.push_back(text);
-    tries_again_ = engine_text(text).starts_with("the connection to the server was lost, ");
+    tries_again_ = !asks_to_leave && engine_text(text).starts_with(lost);
     leaves_ = !tries_again_;
   }
   box.button(QMessageBox::Ok)->click();
