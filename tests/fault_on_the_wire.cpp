@@ -134,7 +134,7 @@ class wire_faults : public store_faults {
   // Whoever loses a connection doesn't know what the server has done.
   [[nodiscard]] bool tells(const std::string& text) const override {
     if (kind_ == wire_fault::refused) return text.find(refusal) != text.npos;
-    return text.starts_with("the connection to the server was lost, ");
+    return tells_loss(text);
   }
 
  private:

@@ -7,18 +7,13 @@
 #include <algorithm>
 #include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <utility>
 
 #include "store/connection.h"
 #include "user.h"
 
 namespace harness {
-
-namespace {
-
-constexpr auto lost = "the connection to the server was lost, ";
-
-}  // namespace
 
 void paired_user::work(const std::string& connect_string, const std::function<bool()>& is_done) {
   is_done_ = is_done;
@@ -63,15 +58,15 @@ void paired_user::read(QWidget& message) {
   const bool asks_to_leave = text.starts_with("タイトルと備考を保存できませんでした。");
   if (asks_to_leave || (!is_question && text != "設定完了！")) {
     messages_.push_back(text);
-    tries_again_ = !asks_to_leave && engine_text(text).starts_with(lost);
+    tries_again_ = !asks_to_leave && tells_loss(engine_text(text));
     leaves_ = !tries_again_;
   }
   box.button(QMessageBox::Ok)->click();
 }
 
-const swept_command& command_called(const std::string& name) {
-  static const auto commands = swept_commands();
-  return *std::ranges::find(commands, name, &swept_command::name);
+// The code of a process that a signal has ended is the signal's number.
+bool was_killed(const QProcess& user) {
+  return user.exitStatus() == QProcess::CrashExit && user.exitCode() == SIGKILL;
 }
 
 namespace {
@@ -86,18 +81,21 @@ void print(const paired_user& user) {
 void kill_at_each_stop(const std::string& command, const std::string& connect_string) {
   QProcess user;
   user.setProcessChannelMode(QProcess::ForwardedChannels);
-  for (int stop = 1; stop == 1 || user.exitStatus() == QProcess::CrashExit; ++stop) {
+  for (int stop = 1; stop == 1 || was_killed(user); ++stop) {
     user.start(QCoreApplication::applicationFilePath(),
                {"--do", QString::fromStdString(command), QString::fromStdString(connect_string),
                 QString::number(stop)});
     user.waitForFinished(60'000);
   }
+  if (user.exitStatus() == QProcess::CrashExit) std::abort();
 }
 
 }  // namespace
 
 int do_command(const std::vector<std::string>& arguments) {
-  const swept_command& command = command_called(arguments.at(0));
+  const auto commands = swept_commands();
+  const swept_command& command =
+      *std::ranges::find(commands, arguments.at(0), &swept_command::name);
   const std::string& connect_string = arguments.at(1);
   ADODB::Connection conn;
   conn.Open(connect_string);

@@ -7,6 +7,8 @@
 #include "fault_trial.h"
 #include "window_player.h"
 
+class QProcess;
+
 namespace harness {
 
 /// Does one command as a user who answers every question with OK, tries once more when the
@@ -44,12 +46,12 @@ class paired_user : public window_player {
   std::vector<std::string> messages_;  // but for the questions and the word of success
 };
 
-/// The command by that name, which there must be.
-[[nodiscard]] const swept_command& command_called(const std::string& name);
-
 /// "--do NAME CONNECT_STRING [STOP [OTHER]]": the command in a process of its own. Prints what the
 /// user is told. At a stop given the process kills itself; while it is held there, users of the
 /// other command are killed at each of their stops, and one does it whole.
 int do_command(const std::vector<std::string>& arguments);
+
+/// Whether it was, as --do does at its stop; one that gives up or crashes was not.
+[[nodiscard]] bool was_killed(const QProcess& user);
 
 }  // namespace harness

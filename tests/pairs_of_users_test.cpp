@@ -32,7 +32,7 @@ std::unique_ptr<QProcess> done_by_process(const swept_command& command, const te
                              QString::fromStdString(store.connect_string()) + ";LockTimeout=1"} +
                      further);
   EXPECT_TRUE(process->waitForFinished(120'000));
-  EXPECT_TRUE(process->exitStatus() == QProcess::CrashExit || process->exitCode() == 0)
+  EXPECT_TRUE(was_killed(*process) || process->exitCode() == 0)
       << process->readAllStandardError().toStdString();
   return process;
 }
@@ -95,7 +95,7 @@ bool kill_both(const meeting& meeting, const test_store& store) {
   const auto& [held, stop, other] = meeting;
   const auto users =
       done_by_process(held, store, {QString::number(stop), QString::fromStdString(other.name)});
-  if (users->exitStatus() == QProcess::NormalExit) return false;
+  if (!was_killed(*users)) return false;
   ADODB::Connection conn;
   conn.Open(store.connect_string());
   EXPECT_TRUE(is_reached(other, conn) || !told_by(*users).empty());

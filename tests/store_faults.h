@@ -40,6 +40,11 @@ class store_faults {
 /// disk, until mend().
 [[nodiscard]] std::unique_ptr<store_faults> full_disk();
 
+/// Whether the engine's own text tells that the connection was lost.
+[[nodiscard]] inline bool tells_loss(const std::string& text) {
+  return text.starts_with("the connection to the server was lost, ");
+}
+
 enum class wire_fault {
   refused,      ///< the server refuses the request
   lost_before,  ///< the connection ends before the server gets the request
