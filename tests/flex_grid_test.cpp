@@ -6,6 +6,7 @@
 #include <stdexcept>
 
 #include "grid_dialog.h"
+#include "ink.h"
 #include "test_store.h"
 
 namespace {
@@ -74,16 +75,11 @@ TEST_F(flex_grid, hints_at_a_text_that_its_cell_cuts_off) {
 
 TEST_F(flex_grid, shows_lines_between_cells_arrows_on_drop_downs_and_where_the_keyboard_is) {
   fg.Row(1);
-  const QColor ground = view().palette().color(QPalette::Base);
   const auto cell = [this](int row, int col) {
     return view().visualRect(view().model()->index(row - 1, shown(col)));
   };
   const auto has_ink = [&](const QRect& where) {
-    const QImage image = view().viewport()->grab(where).toImage();
-    for (int x = 0; x < image.width(); ++x)
-      for (int y = 0; y < image.height(); ++y)
-        if (image.pixelColor(x, y) != ground) return true;
-    return false;
+    return harness::has_ink(*view().viewport(), where);
   };
   const auto inside = [&](int col) { return has_ink(cell(3, col).adjusted(2, 2, -3, -3)); };
   EXPECT_FALSE(inside(value));

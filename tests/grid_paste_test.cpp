@@ -1,6 +1,7 @@
 #include "controls/grid/grid_paste.h"
 
 #include <QClipboard>
+#include <QToolTip>
 
 #include "grid_dialog.h"
 
@@ -15,9 +16,13 @@ TEST_F(flex_grid_paste, counts_characters_and_cuts_what_is_too_much) {
   QGuiApplication::clipboard()->setText("😀あ😀い\r\n");
   key(Qt::Key_V, Qt::ControlModifier);
   EXPECT_EQ(fg.EditText(), "😀あ😀");
+  EXPECT_EQ(QToolTip::text(), "") << "one too many is seen by whoever types it";
   key(Qt::Key_Home);
   type("z");
   EXPECT_EQ(fg.EditText(), "😀あ😀") << "the typed one goes, not the last one";
+  QGuiApplication::clipboard()->setText("12");
+  key(Qt::Key_V, Qt::ControlModifier);
+  EXPECT_EQ(QToolTip::text(), "3文字を超えた部分は入りませんでした。");
   key(Qt::Key_Escape);
   fg.TextMatrix(1, value, "stored long ago");
   key(Qt::Key_F2);

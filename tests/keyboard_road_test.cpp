@@ -49,6 +49,7 @@ TEST(KeyboardRoad, LeadsFromAnEmptyStoreToAFinishedDefinition) {
     EXPECT_EQ(focused_control(), "SSTree1");
     key(Qt::Key_Space);  // the root
     tab_to("addf");
+    key(Qt::Key_Escape);
     key(Qt::Key_Return);
     compose("営業");
     key(Qt::Key_Return);
@@ -57,6 +58,7 @@ TEST(KeyboardRoad, LeadsFromAnEmptyStoreToAFinishedDefinition) {
     command(4);
     in("replace_create");
     EXPECT_EQ(focused_control(), "Text1");
+    key(Qt::Key_Escape);
     compose("敬称");
     key(Qt::Key_Tab);
     compose("会社による敬称");

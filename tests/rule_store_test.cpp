@@ -205,6 +205,7 @@ TEST(RuleStoreTool, ShowsATerminalHowFarItIs) {
   ASSERT_EQ(rule_store::run_command(std::vector<std::string_view>{"copy", place, copy}, output,
                                     output, &terminal),
             0);
+  EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_DFL) << "it can be ended as before";
   EXPECT_NE(terminal.str().find(" rows"), std::string::npos);
   EXPECT_TRUE(terminal.str().ends_with(" \r")) << terminal.str();
   for (const std::vector<std::string_view>& command : {std::vector<std::string_view>{"check", copy},

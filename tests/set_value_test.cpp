@@ -180,6 +180,7 @@ TEST_F(ValueDialog, ChecksTitleThenInputAndStaysOpen) {
     ok();
     message("フィールドを選択してください。");
     choose("Combo1", "氏名");
+    EXPECT_EQ(text_of("title_txt"), "氏名");
     type("title_txt", "");
     ok();
     message(needs_title);
@@ -240,6 +241,7 @@ TEST_F(ValueDialog, KeepsEachCharacterOfAText) {
     QTest::keyClicks(&box, "a");
     QTest::keyClick(&box, Qt::Key_Return);
     QTest::keyClick(&box, Qt::Key_Return, Qt::ShiftModifier);
+    EXPECT_TRUE(box.viewport()->rect().contains(box.cursorRect()));
     QTest::keyClicks(&box, "b");
     ok();
   });
@@ -269,6 +271,7 @@ TEST_F(ValueDialog, TakesAPathAsChosen) {
     const QAbstractFileIconProvider& words =
         *static_cast<QFileDialog&>(top_window()).iconProvider();
     EXPECT_EQ(words.type(QFileInfo(PROJECT_ROOT)), "フォルダ");
+    EXPECT_NE(QCoreApplication::translate("QLineEdit", "&Undo"), "&Undo") << "the toolkit's own";
     auto& edit = static_cast<QLineEdit&>(control("fileNameEdit"));
     edit.setText(QString::fromStdString(path));
     act([&] { QTest::keyClick(&edit, Qt::Key_Return); });

@@ -7,6 +7,7 @@
 #include <QToolTip>
 #include <stdexcept>
 
+#include "ink.h"
 #include "platform/hint.h"
 #include "tree_window.h"
 
@@ -98,6 +99,10 @@ TEST_F(ss_tree, shows_nodes_as_they_are_told) {
   EXPECT_TRUE(is_shown("open"));
   const auto icon = shown.data(Qt::DecorationRole).value<QIcon>();
   EXPECT_EQ(icon.pixmap(16, QIcon::Selected).toImage(), icon.pixmap(16).toImage());
+  const QRect row = view().visualRect(shown);
+  const int end_of_icon = row.left() + view().iconSize().width();
+  EXPECT_TRUE(harness::has_ink(*view().viewport(), row & QRect(0, 0, end_of_icon, 1000)));
+  EXPECT_TRUE(harness::has_ink(*view().viewport(), row & QRect(end_of_icon + 4, 0, 20, 1000)));
   view().collapse(shown);
   EXPECT_FALSE(a.Expanded());
   EXPECT_TRUE(is_shown("close"));
@@ -213,6 +218,7 @@ TEST_F(ss_tree, tells_a_move_once_with_a_button_held_and_away_from_the_press) {
   const QImage framed = view().viewport()->grab().toImage();
   const QRect target = view().visualRect(index("c"));
   EXPECT_NE(framed.copy(target), before.copy(target));
+  EXPECT_NE(framed.pixelColor(target.center().x(), target.top() + 1), QColor(Qt::black));
   EXPECT_EQ(framed.pixelColor(view().visualRect(index("a")).topRight() + QPoint(-5, 1)),
             view().palette().color(QPalette::Base));
   tree.Drag(item("b"));

@@ -45,7 +45,6 @@ class cell_list::entries : public QListWidget {
     setObjectName("cell_list");
     setFrameShape(NoFrame);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    setUniformItemSizes(true);
     setMouseTracking(true);
   }
 
