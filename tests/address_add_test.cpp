@@ -1,6 +1,5 @@
-#include <QAbstractItemModel>
+#include <QAbstractItemView>
 #include <QComboBox>
-#include <QElapsedTimer>
 #include <QTest>
 
 #include "common_rules.h"
@@ -125,13 +124,14 @@ TEST_F(FieldPicker, TypingFindsAnEntryOfALongList) {
     press("addr_set");
   };
   pick_under_condition([&] {
-    QElapsedTimer clock;
-    clock.start();
     QTest::keyClicks(&list(), "no.19");
     EXPECT_EQ(text_of("Combo1"), "No.19 項目");
     QTest::keyClicks(&list(), "99");
     EXPECT_EQ(text_of("Combo1"), "No.1999 項目");
-    EXPECT_LT(clock.elapsed(), 1000);
+    list().showPopup();
+    const QRect shown = list().view()->visibleRegion().boundingRect();
+    EXPECT_EQ(shown.height() / list().view()->sizeHintForRow(0), 20) << "with a scroll bar";
+    list().hidePopup();
     reopen();
     compose("ふり");
     EXPECT_EQ(text_of("Combo1"), "フリガナ");

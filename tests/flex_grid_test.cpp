@@ -1,8 +1,10 @@
 #include "controls/grid/flex_grid.h"
 
 #include <QAccessible>
+#include <QHeaderView>
 #include <QHelpEvent>
 #include <QToolTip>
+#include <QWindow>
 #include <stdexcept>
 
 #include "grid_dialog.h"
@@ -93,6 +95,28 @@ TEST_F(flex_grid, shows_lines_between_cells_arrows_on_drop_downs_and_where_the_k
   fg.Row(2);
   EXPECT_NE(with_keyboard, without);
   EXPECT_NE(without, view().viewport()->grab(cell(1, value)).toImage());
+}
+
+TEST_F(flex_grid, keeps_the_columns_as_the_user_drags_them_and_the_current_row_in_sight) {
+  QWindow& handle = *view().window()->windowHandle();
+  QHeaderView& header = *view().horizontalHeader();
+  const QPoint border =
+      header.viewport()->mapTo(view().window(), QPoint(header.sectionSize(0) - 1, 5));
+  const QPoint narrower = border - QPoint(60, 0);
+  const int before = header.sectionSize(0);
+  fg.on_row_check = {};
+  QEnterEvent enter(border, border, border);
+  QApplication::sendEvent(header.viewport(), &enter);
+  QTest::mousePress(&handle, Qt::LeftButton, {}, border);
+  QTest::mouseMove(&handle, narrower);
+  QTest::mouseRelease(&handle, Qt::LeftButton, {}, narrower);
+  fg.ColWidth(value, 9000);
+  EXPECT_EQ(header.sectionSize(0), before - 60);
+  EXPECT_EQ(header.length(), view().viewport()->width()) << "the last one takes the rest";
+  for (int rows = 0; rows < 50; ++rows) fg.AddItem("");
+  key(Qt::Key_PageDown);
+  EXPECT_GT(fg.Row(), 3);
+  EXPECT_TRUE(view().viewport()->rect().contains(place(fg.Row(), value)));
 }
 
 TEST_F(flex_grid, is_filled_by_keyboard_alone) {

@@ -2,10 +2,12 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QFileDialog>
+#include <QHeaderView>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
 #include <QTest>
+#include <QTreeView>
 #include <fstream>
 
 #include "common_rules.h"
@@ -272,6 +274,12 @@ TEST_F(ValueDialog, TakesAPathAsChosen) {
         *static_cast<QFileDialog&>(top_window()).iconProvider();
     EXPECT_EQ(words.type(QFileInfo(PROJECT_ROOT)), "フォルダ");
     EXPECT_NE(QCoreApplication::translate("QLineEdit", "&Undo"), "&Undo") << "the toolkit's own";
+    const auto& files = static_cast<QTreeView&>(control("treeView"));
+    const QModelIndex file = files.model()->index(0, 0, files.rootIndex());
+    const QModelIndex date = file.siblingAtColumn(3);
+    EXPECT_TRUE(QDateTime::fromString(date.data().toString(), "yyyy/MM/dd HH:mm").isValid());
+    EXPECT_TRUE(QTest::qWaitFor(
+        [&] { return files.columnWidth(3) >= files.sizeHintForIndex(date).width(); }));
     auto& edit = static_cast<QLineEdit&>(control("fileNameEdit"));
     edit.setText(QString::fromStdString(path));
     act([&] { QTest::keyClick(&edit, Qt::Key_Return); });

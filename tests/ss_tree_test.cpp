@@ -176,13 +176,20 @@ TEST_F(ss_tree, scrolls_sideways_to_what_is_too_long_for_it_and_hints_at_it) {
     return QToolTip::text();
   };
   const QScrollBar& sideways = *view().horizontalScrollBar();
+  const auto room = [&] {
+    view().grab();
+    QApplication::processEvents();
+    return sideways.maximum();
+  };
   add_many();
   tree.Nodes.AddChild("199", "long", text).parent().Expanded(true);
-  view().grab();
-  QApplication::processEvents();
-  EXPECT_EQ(sideways.maximum(), 0) << "only rows in view are measured";
+  EXPECT_EQ(room(), 0) << "only rows in view are measured";
   tree.TopNode(item("long"));
-  EXPECT_GT(sideways.maximum(), 0);
+  const int widest = room();
+  EXPECT_GT(widest, 0);
+  tree.TopNode(item("0"));
+  EXPECT_EQ(room(), widest) << "scrolling up and down moves nothing sideways";
+  tree.TopNode(item("long"));
   EXPECT_EQ(hint_at("199"), "");
   EXPECT_EQ(hint_at(text.c_str()), platform::hint(text.c_str()));
   tree.SelectedItem(item("199"));
@@ -194,9 +201,11 @@ TEST_F(ss_tree, scrolls_sideways_to_what_is_too_long_for_it_and_hints_at_it) {
   key(Qt::Key_Down);
   EXPECT_GT(view().visualRect(view().currentIndex()).left(), 0);
   item("199").Expanded(false);
-  view().grab();
-  QApplication::processEvents();
-  EXPECT_EQ(sideways.maximum(), 0);
+  EXPECT_EQ(room(), 0);
+  item("199").Expanded(true);
+  EXPECT_EQ(room(), widest);
+  tree.Nodes.Remove("long");
+  EXPECT_EQ(room(), 0);
 }
 
 TEST_F(ss_tree, tells_a_move_once_with_a_button_held_and_away_from_the_press) {

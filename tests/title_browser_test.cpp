@@ -75,6 +75,15 @@ TEST_F(TitleBrowser, PicturesTellWhatTheValuesOfADefinitionAre) {
 TEST_F(TitleBrowser, SelectionAllowsWhatTheNodeTakesAndShowsItsRemark) {
   browse(store, [] {
     EXPECT_EQ(top_window().minimumSize(), top_window().maximumSize());
+    const auto gap = [](const char* left, const char* right) {
+      return control(right).geometry().left() - control(left).geometry().right();
+    };
+    EXPECT_GT(gap("delf", "add"), gap("addf", "updatef")) << "a line between the groups";
+    const QPoint corner = control("close").mapTo(&top_window(), QPoint(-1, -1));
+    const auto ring = [&] { return top_window().grab({corner, QSize(20, 1)}).toImage(); };
+    const QImage without = ring();
+    control("close").setFocus();
+    EXPECT_NE(ring(), without) << "where the keyboard is";
     click_node("条件設定");
     EXPECT_EQ(enabled_buttons(), "addf add close");
     EXPECT_EQ(text_of("Label1"), "");

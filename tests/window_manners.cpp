@@ -30,6 +30,8 @@ QString wrong_name(const QWidget& control) {
 
 QString wrong_look(const QWidget& control) {
   const auto* label = qobject_cast<const QLabel*>(&control);
+  const bool is_named = label && !label->objectName().isEmpty();
+  if (is_named && label->textFormat() != Qt::PlainText) return "may take a text for a page";
   const bool is_short = label && !label->wordWrap() && label->toolTip().isEmpty();
   const bool shows_all = is_short || qobject_cast<const QAbstractButton*>(&control);
   const QWidget& window = *control.window();

@@ -126,7 +126,6 @@ void tree_search::compose(QInputMethodEvent& event) {
 
 void tree_search::take_key(QKeyEvent& key) {
   if (composing_) return;
-  awaits_keys = false;
   line_->setFocus();
   QCoreApplication::sendEvent(line_, &key);
 }
