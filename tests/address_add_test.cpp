@@ -133,6 +133,9 @@ TEST_F(FieldPicker, TypingFindsAnEntryOfALongList) {
     EXPECT_EQ(shown.height() / list().view()->sizeHintForRow(0), 20) << "with a scroll bar";
     list().hidePopup();
     reopen();
+    compose("氏");
+    EXPECT_EQ(text_of("Combo1"), "氏名");
+    reopen();
     compose("ふり");
     EXPECT_EQ(text_of("Combo1"), "フリガナ");
     for (const char* name : {"Pa", "1p", "Pb", "Qa", "Qb", "Qq"})

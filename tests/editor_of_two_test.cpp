@@ -49,6 +49,35 @@ TEST_F(EditorOfTwo, WhatAnotherProgramWroteMeanwhileIsWrittenOverOnlyWhenAsked) 
   EXPECT_EQ(title_of(7), "同名| ");
 }
 
+TEST_F(EditorOfTwo, AConditionChangedOrDeletedUnderItsDialogIsAskedAboutOrTold) {
+  store.run_all(
+      {"insert into replace_m(replace_no,replace_m_no,p_replace_m_no,use_type,replace_cond_type,"
+       "replace_cond_no) values(32,41,32,'C','0',1),(32,42,32,'C','1',null)",
+       "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,b_val) "
+       "values(32,1,1,'B',null)"});
+  const auto answers = [this] { return store.rows("select b_val from replace_cond where b_val"); };
+  edit_at("二択", "会員/", "cond_set", [&] {
+    choose("Combo1", "いいえ");
+    store.run("update replace_cond set b_val=true where replace_no=32");
+    for (const bool may_write : {false, false, true}) {
+      EXPECT_EQ(answers().size(), 1U);
+      press("Command1");
+      question("この条件は他のプログラムによって変更されています。上書きしてもよろしいですか",
+               may_write);
+    }
+    message("設定完了！");
+  });
+  EXPECT_EQ(answers().size(), 0U);
+  for (const auto& [definition, condition, key] :
+       {std::tuple{"二択", "いいえ", "41"}, {"敬称", "東（部分一致）", "11"}}) {
+    edit_at(definition, condition, "cond_set", [&] {
+      store.run(std::string("delete from replace_m where replace_m_no=") + key);
+      press("Command1");
+      message(gone);
+    });
+  }
+}
+
 TEST_F(EditorOfTwo, ADefinitionDeletedByAnotherProgramIsToldAndNothingIsWritten) {
   edit(store, "詳細", [this] {
     click_node("氏名");

@@ -61,6 +61,7 @@ TEST_F(flex_grid_paste, spreads_what_a_spreadsheet_has_copied_over_rows_and_colu
 TEST(flex_grid_paste_reader, takes_copied_cells_apart_whatever_is_in_them) {
   const std::size_t rows = ta_vorlumine::copied_cells(QString("a\tb\n") + QChar(0xD83D)).size();
   EXPECT_EQ(rows, 2U) << "half an emoji hides no separator";
+  EXPECT_EQ(ta_vorlumine::copied_cells("\"a\nb\"c").size(), 2U) << "no cell in quotes";
   const auto long_cell = ta_vorlumine::copied_cells('"' + QString(200'000, 'x') + "\n\"\tb");
   EXPECT_EQ(long_cell.front().size(), 2U);
 }

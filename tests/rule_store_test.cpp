@@ -56,7 +56,7 @@ TEST(RuleStoreTool, MakesAStoreOnceAndTouchesNothingThatIsThere) {
 
 TEST(RuleStoreTool, TakesNoConnectionStringForTheNameOfAFile) {
   const harness::test_store folder_only;
-  const std::string path = (folder_only.folder() / "new.db").string();
+  const std::string path = (folder_only.folder() / "new_passwords.db").string();
   EXPECT_EQ(rule_store_with({"init", " driver = SQLite ; Database = " + path}).code, 0);
   EXPECT_TRUE(std::filesystem::remove(path));
   for (const std::string& place :

@@ -6,6 +6,7 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTest>
 #include <QTreeView>
 #include <fstream>
@@ -140,6 +141,8 @@ TEST_F(ValueDialog, TellsAScreenReaderWhatEachInputIsFor) {
 TEST_F(ValueDialog, AnInputSelectsItsKindAndEmptiesTheOthers) {
   change("不明", [] {
     EXPECT_EQ(focused_control(), "title_txt");
+    const auto& area = static_cast<QPlainTextEdit&>(control("Text1"));
+    EXPECT_TRUE(area.verticalScrollBar()->isVisible()) << "its lines keep their places";
     EXPECT_EQ(inputs(), "様|||||");
     type("Text3", "x.jpg");
     EXPECT_EQ(selected(), 2);

@@ -164,6 +164,8 @@ TEST_F(ss_tree, keeps_in_sight_what_is_chosen) {
   view().expandAll();
   click(place("b"));
   item("c").Expanded(false);
+  item("a").Expanded(false);
+  EXPECT_EQ(selected(), "b") << "it lies elsewhere";
   item("b").parent(item("c"));
   EXPECT_TRUE(item("c").Expanded()) << "the folder opens that the chosen node is put into";
 }
