@@ -7,8 +7,8 @@
 
 #include "store/connection_string.h"
 #include "store/engine.h"
+#include "store/postgresql_prepared_statements.h"
 #include "store/postgresql_session.h"
-#include "store/prepared_statements.h"
 
 namespace ADODB {
 
@@ -43,7 +43,7 @@ class postgresql_engine : public engine {
 
   connection_settings settings_;
   std::unique_ptr<postgresql_session> session_;
-  prepared_statements prepared_;  ///< of the session
+  postgresql_prepared_statements prepared_;  ///< of the session
   bool in_transaction_ = false;
 };
 

@@ -13,7 +13,8 @@ constexpr int statements_at_once = 64;
 
 }  // namespace
 
-postgresql_pipeline::postgresql_pipeline(postgresql_session& session, prepared_statements& prepared,
+postgresql_pipeline::postgresql_pipeline(postgresql_session& session,
+                                         postgresql_prepared_statements& prepared,
                                          std::span<const statement> statements,
                                          const result_taker& take)
     : session_(session), prepared_(prepared), statements_(statements), take_(take) {}

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "store/engine.h"
+#include "store/postgresql_prepared_statements.h"
 #include "store/postgresql_session.h"
-#include "store/prepared_statements.h"
 
 namespace ADODB {
 
@@ -20,7 +20,7 @@ namespace ADODB {
 /// one to the server.
 class postgresql_pipeline {
  public:
-  postgresql_pipeline(postgresql_session& session, prepared_statements& prepared,
+  postgresql_pipeline(postgresql_session& session, postgresql_prepared_statements& prepared,
                       std::span<const statement> statements, const result_taker& take);
 
   /// Hands over the results in the order of the statements, up to the first refusal, which it
@@ -45,7 +45,7 @@ class postgresql_pipeline {
   [[nodiscard]] bool has_more() const;
 
   postgresql_session& session_;
-  prepared_statements& prepared_;
+  postgresql_prepared_statements& prepared_;
   std::span<const statement> statements_;
   const result_taker& take_;
   std::size_t sent_ = 0;

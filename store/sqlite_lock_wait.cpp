@@ -36,7 +36,7 @@ int sqlite_lock_wait::try_again(void* self, int tries) {
 }
 
 bool sqlite_lock_wait::goes_on(int tries) {
-  if (tries == 0 || !patience_) patience_.emplace(awaited::lock, display_, limit_);
+  if (tries == 0) patience_.emplace(awaited::lock, display_, limit_);
   std::this_thread::sleep_for(std::min(pause_before(tries), patience_->next_piece()));
   is_shown_ = true;
   const patience::state state = patience_->look();

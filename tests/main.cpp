@@ -2,11 +2,11 @@
 
 #include <QApplication>
 
+#include "docs/window_pictures.h"
 #include "lasting_user.h"
 #include "paired_user.h"
 #include "random_walk.h"
 #include "user.h"
-#include "window_pictures.h"
 
 int main(int argc, char** argv) {
   testing::InitGoogleTest(&argc, argv);

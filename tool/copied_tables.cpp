@@ -30,9 +30,7 @@ table_rows read_rows(const std::string& connect_string, const progress& tell) {
   ADODB::Connection connection;
   connection.Open(connect_string, ADODB::access::reading);
   connection.BeginTrans();
-  table_rows rows = read_rows(connection, tell);
-  connection.RollbackTrans();
-  return rows;
+  return read_rows(connection, tell);
 }
 
 }  // namespace rule_store

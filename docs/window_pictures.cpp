@@ -1,4 +1,4 @@
-#include "window_pictures.h"
+#include "docs/window_pictures.h"
 
 #include <QApplication>
 #include <QPainter>

@@ -13,7 +13,7 @@ namespace ADODB {
 [[nodiscard]] std::vector<bound_value> bound_values(const statement& statement);
 
 /// What a session on a PostgreSQL server has prepared.
-class prepared_statements {
+class postgresql_prepared_statements {
  public:
   /// The name of a statement on the server. It follows from the words and the types of the values
   /// alone, so that even in a session that is shared unnoticed no program runs what another one has

@@ -1,4 +1,4 @@
-#include "store/prepared_statements.h"
+#include "store/postgresql_prepared_statements.h"
 
 #include "store/fingerprint.h"
 
@@ -22,15 +22,16 @@ std::vector<bound_value> bound_values(const statement& statement) {
   return values;
 }
 
-std::string prepared_statements::name_of(const words& text,
-                                         const std::vector<bound_value>& values) const {
+std::string postgresql_prepared_statements::name_of(const words& text,
+                                                    const std::vector<bound_value>& values) const {
   fingerprint content = text.fingerprint();
   for (const bound_value& value : values) content.add(std::uint64_t{value.type});
   content.add(generation_);
   return "vorlumine_" + content.text();
 }
 
-column_names prepared_statements::columns_of(const std::string& name, const PGresult* answer) {
+column_names postgresql_prepared_statements::columns_of(const std::string& name,
+                                                        const PGresult* answer) {
   column_names& known = columns_[name];
   if (!are_columns_of(answer, known)) known = ADODB::columns_of(answer);
   return known;
