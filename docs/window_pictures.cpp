@@ -7,8 +7,8 @@
 #include <QTreeView>
 #include <functional>
 
-#include "test_store.h"
-#include "user.h"
+#include "tests/test_store.h"
+#include "tests/user.h"
 
 namespace harness {
 namespace {

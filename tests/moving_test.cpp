@@ -55,8 +55,10 @@ TEST_F(Moving, FilesNodesByDraggingThem) {
     drag_node("宛名", "総務");
     message(refused);
     EXPECT_EQ(tree_lines()[3], "    総務");
-    store.run("delete from replace where replace_no=30");
-    drag_node("日付", "総務");
+    drag_node(node("日付"), node("総務"), [this] {
+      store.run("delete from replace where replace_no=30");
+      return true;
+    });
     message(gone);
   });
   EXPECT_EQ(folder_of("空") + folder_of("御中"), "5150");
