@@ -83,9 +83,12 @@ TEST_F(flex_grid, shows_lines_between_cells_arrows_on_drop_downs_and_where_the_k
   const auto has_ink = [&](const QRect& where) {
     return harness::has_ink(*view().viewport(), where);
   };
-  const auto inside = [&](int col) { return has_ink(cell(3, col).adjusted(2, 2, -3, -3)); };
-  EXPECT_FALSE(inside(value));
-  EXPECT_TRUE(inside(method)) << "an arrow";
+  const auto inside = [&](int row, int col) {
+    return has_ink(cell(row, col).adjusted(2, 2, -3, -3));
+  };
+  EXPECT_TRUE(inside(2, value)) << "a text";
+  EXPECT_FALSE(inside(3, value));
+  EXPECT_TRUE(inside(3, method)) << "an arrow";
   const QRect empty = cell(3, value);
   EXPECT_TRUE(has_ink({empty.topRight() + QPoint(0, 5), QSize(1, 1)}));
   EXPECT_TRUE(has_ink({empty.bottomLeft() + QPoint(5, 0), QSize(1, 1)}));

@@ -87,18 +87,22 @@ TEST_F(RangeConditions, NumbersAreComparedAsNumbers) {
     message("設定完了！");
     EXPECT_EQ(tree_lines()[2],
               "    -9から（含まない）10000.5まで（含まない）;700871964.199763から;5から5まで");
+    store.run(  // as a copy holds a bound that is none
+        "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,n_f_val,n_t_method,"
+        "n_t_val) values(31,8,4,'N',0,1,7)");
     click_node("-9から（含まない）10000.5まで（含まない）;700871964.199763から;5から5まで");
     press("cond_set");
     click_cell(2, 5);
-    EXPECT_EQ(grid_column(5), (rows{"-9", "700871964.199763", "5", ""})) << "one end is enough";
-    EXPECT_EQ(grid_column(8), (rows{"まで（含まない）", "", "まで", ""}));
+    EXPECT_EQ(grid_column(5), (rows{"-9", "700871964.199763", "5", "", ""}));
+    EXPECT_EQ(grid_column(8), (rows{"まで（含まない）", "", "まで", "まで", ""}));
     EXPECT_EQ(grid().model()->headerData(3, Qt::Horizontal, Qt::AccessibleTextRole),
               "比較値(TO)の比較方法");
     press("Command2");
   });
-  EXPECT_EQ(all_lines(31), (rows{"8|1|N|null|null|null|null|2|-9|2|10000.5",
-                                 "8|2|N|null|null|null|null|1|700871964.199763|null|null",
-                                 "8|3|N|null|null|null|null|1|5|1|5"}));
+  EXPECT_EQ(all_lines(31),
+            (rows{"8|1|N|null|null|null|null|2|-9|2|10000.5",
+                  "8|2|N|null|null|null|null|1|700871964.199763|null|null",
+                  "8|3|N|null|null|null|null|1|5|1|5", "8|4|N|null|null|null|null|null|0|1|7"}));
 }
 
 TEST(TypedNumber, TakesJustTheFormsThatTheStoreTakes) {
