@@ -104,7 +104,6 @@ bool replace_create::add_rule_nodes() {
   auto& rows = shared().basCopyRs;
   std::map<std::string, std::vector<ADODB::Recordset>> waiting;  // by their parent
   std::unordered_map<std::string, int> levels{{"0", 0}};         // of the nodes
-  levels.reserve(rows.RecordCount() + 1);
   bool is_whole = true;
   const auto add_below = [&](const std::string& parent) {
     const int level = levels.at(parent) + 1;

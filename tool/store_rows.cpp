@@ -99,7 +99,6 @@ std::vector<Row> read_all(ADODB::Connection& connection, std::string_view select
                           Row (*read)(row_reader)) {
   ADODB::Recordset found = connection.Execute(select);
   std::vector<Row> rows;
-  rows.reserve(found.RecordCount());
   for (; !found.eof(); found.MoveNext()) rows.push_back(read(row_reader(found.Fields())));
   return rows;
 }

@@ -11,7 +11,6 @@ namespace ta_vorlumine {
 using platform::folded;
 
 searched_texts::searched_texts(const tree_nodes& nodes) {
-  rows_.reserve(nodes.count());
   std::vector<const tree_node*> left{&nodes.top()};
   while (!left.empty()) {
     const tree_node& node = *left.back();
