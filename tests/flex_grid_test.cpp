@@ -235,8 +235,10 @@ TEST_F(flex_grid, opens_drop_downs_with_one_click_and_texts_with_the_second) {
   EXPECT_TRUE(fg.TextMatrix(2, value).find('!') != std::string::npos);
   ASSERT_TRUE(list().isVisible());
   EXPECT_EQ(list().currentItem()->text(), "先頭一致");
-  QTest::mouseClick(list().viewport(), Qt::LeftButton, {},
-                    list().visualItemRect(list().item(2)).center());
+  const QPoint last = list().visualItemRect(list().item(2)).center();
+  QTest::mouseMove(list().viewport(), last);
+  EXPECT_EQ(list().currentRow(), 2) << "the choice follows the pointer";
+  QTest::mouseClick(list().viewport(), Qt::LeftButton, {}, last);
   EXPECT_EQ(fg.TextMatrix(1, method), "3");
   EXPECT_FALSE(list().isVisible());
   click(1, value);

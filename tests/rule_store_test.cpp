@@ -118,16 +118,17 @@ TEST(RuleStoreTool, ReadsWhereTheServerTakesNoChanges) {
 
 TEST(RuleStoreTool, TellsHowItIsCalled) {
   using arguments = std::vector<std::string_view>;
-  for (const arguments& wrong : {arguments{},
-                                 {"other"},
-                                 {"Driver=SQLite;Pwd=secret", "a"},
-                                 {"init"},
-                                 {"init", "a", "--other=secret"},
-                                 {"init", ""},
-                                 {"init", "a", "--sample", "b"},
-                                 {"init", "--", "a", "--sample"},
-                                 {"copy", "a"},
-                                 {"print", "a", "--keys", "--json"}}) {
+  for (const arguments& wrong :
+       std::initializer_list<arguments>{{},
+                                        {"other"},
+                                        {"Driver=SQLite;Pwd=secret", "a"},
+                                        {"init"},
+                                        {"init", ""},
+                                        {"copy", "a"},
+                                        {"init", "a", "--other=secret"},
+                                        {"init", "a", "--sample", "b"},
+                                        {"init", "--", "a", "--sample"},
+                                        {"print", "a", "--keys", "--json"}}) {
     const outcome outcome = rule_store_with(wrong);
     EXPECT_EQ(outcome.code, 2);
     EXPECT_EQ(outcome.output, "");

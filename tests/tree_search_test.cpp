@@ -33,6 +33,9 @@ TEST_F(ss_tree_search, finds_any_part_of_a_text_by_typing) {
   EXPECT_FALSE(box()->isVisible());
   key(Qt::Key_Z);
   EXPECT_LE(view().viewport()->geometry().bottom(), box()->parentWidget()->y());
+  view().setFocus();
+  key(Qt::Key_Tab);
+  EXPECT_FALSE(box()->hasFocus()) << "it is typed into from the tree";
   for (const auto& search : searches) {
     item("a").Expanded(false);
     box()->setText(search.typed);
