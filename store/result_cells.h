@@ -22,7 +22,6 @@ class result_cells {
   void add(std::string_view text);
 
   void reserve(std::size_t count) { cells_.reserve(count); }
-  [[nodiscard]] std::size_t capacity() const { return cells_.capacity(); }
   [[nodiscard]] std::size_t size() const { return cells_.size(); }
   [[nodiscard]] Value at(std::size_t position) const;  ///< below size()
 

@@ -215,10 +215,8 @@ result sqlite_engine::rows_of(prepared_statement& statement,
   }
   result rows{statement.columns, {}};
   const std::size_t columns = rows.columns->size();
+  rows.cells.reserve(has_row ? columns : 0);  // most results have a row or two
   for (; has_row; has_row = database_->step(handle)) {
-    // Most results have a row or two: space for a whole row at once, and then for twice as many.
-    if (rows.cells.capacity() < rows.cells.size() + columns)
-      rows.cells.reserve(2 * (rows.cells.size() + columns));
     for (std::size_t column = 0; column < columns; ++column)
       add_cell(rows.cells, sqlite3_column_value(handle, static_cast<int>(column)),
                statement.is_boolean[column]);

@@ -279,6 +279,9 @@ TEST_F(flex_grid, picks_from_the_list_by_keys) {
   type("2");
   EXPECT_EQ(fg.TextMatrix(1, method), "1");
   EXPECT_TRUE(list().isVisible()) << "a refused choice is made again";
+  fg.on_validate_edit = [this](int, int, bool&) { fg.EditText("完全一致"); };
+  type("1");
+  EXPECT_EQ(fg.TextMatrix(1, method), "3");
 }
 
 TEST_F(flex_grid, stands_rows_that_come_and_go_in_the_row_check) {

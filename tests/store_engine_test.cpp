@@ -71,6 +71,7 @@ TEST_F(StoreEngine, TellsBooleansFromNumbersAndNulls) {
   connection.Execute(sql("update replace_cond set b_val=<b> where sno=2", {true}));
   Recordset lines = connection.Execute("select b_val,sno from replace_cond order by sno");
   EXPECT_TRUE(lines.Fields().Item("B_VAL").Value().is_null());
+  EXPECT_THROW((void)lines.Fields().Item(2), Error);
   lines.MoveNext();
   EXPECT_EQ(lines.Fields().Item(0).Value(), Value(true));
   EXPECT_EQ(lines.Fields().Item(1).Value(), Value(std::int64_t{2}));

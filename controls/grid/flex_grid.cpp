@@ -89,7 +89,7 @@ void VSFlexGrid::FormatString(std::string_view format) {
 }
 
 void VSFlexGrid::Cols(int count) {
-  if (count != cells().columns()) rebuild([&] { cells_.set_columns(count); });
+  rebuild([&] { cells_.set_columns(count); });
 }
 
 int VSFlexGrid::Rows() {
@@ -152,7 +152,8 @@ void VSFlexGrid::ColWidth(int col, int twips) {
 }
 
 void VSFlexGrid::ColComboList(int col, std::string_view list) {
-  view().model().set_choices(col, list);
+  cells().set_choices(col, list);
+  rebuild([] {});
 }
 
 bool VSFlexGrid::commit_edit() {

@@ -57,13 +57,6 @@ class grid_model::table : public QAbstractTableModel {
     }
   }
 
-  void set_choices(int column, std::string_view list) {
-    cells_.set_choices(column, list);
-    if (cells_.rows() > 1) {
-      emit dataChanged(index(0, 0), index(rowCount({}) - 1, columnCount({}) - 1));
-    }
-  }
-
   [[nodiscard]] int rowCount(const QModelIndex& parent) const override {
     return parent.isValid() ? 0 : cells_.rows() - 1;
   }
@@ -125,10 +118,6 @@ void grid_model::remove(int row) {
 
 void grid_model::put(int row, int column, std::string_view text) {
   table_->put(row, column, text);
-}
-
-void grid_model::set_choices(int column, std::string_view list) {
-  table_->set_choices(column, list);
 }
 
 QAbstractItemModel& grid_model::shown() const {

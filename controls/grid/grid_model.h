@@ -23,7 +23,6 @@ class grid_model {
   void add(std::string_view cells);  ///< separated by tabs
   void remove(int row);              ///< a data row
   void put(int row, int column, std::string_view text);
-  void set_choices(int column, std::string_view list);
 
   /// Without the hidden columns: a screen reader would read them, and their headings.
   [[nodiscard]] QAbstractItemModel& shown() const;

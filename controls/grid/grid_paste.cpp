@@ -55,7 +55,7 @@ class cell_reader {
   QString quoted_cell() {
     if (text_.at(at_) != '"') return {};
     const qsizetype end = end_of_quoted(at_ + 1);
-    if (end == text_.size() || end_from(at_) > end || end_from(end + 1) > end + 1) return {};
+    if (end == text_.size() || end_from(at_) > end || end_from(end) > end + 1) return {};
     taken_ = end + 1 - at_;
     return text_.mid(at_ + 1, taken_ - 2).replace("\"\"", "\"");
   }

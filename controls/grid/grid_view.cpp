@@ -25,7 +25,6 @@ table_view::table_view(grid_cells& cells, const grid_edit::events& events)
   setTabKeyNavigation(false);
   setWordWrap(false);
   verticalHeader()->hide();
-  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
   horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
   horizontalHeader()->setStretchLastSection(true);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this,
