@@ -27,9 +27,14 @@ enum exit_code { done = 0, failed = 1, called_wrongly = 2, faults_found = 3 };
 /// One call of a command.
 struct call {
   const given_arguments& given;
-  std::ostream& output;
+  std::ostream& stream;
   progress_line& line;
 
+  /// For the command's own text, which takes the place of the line that tells how far it is.
+  [[nodiscard]] std::ostream& output() const {
+    line.clear();
+    return stream;
+  }
   [[nodiscard]] const std::string& store() const { return given.others()[1]; }
   [[nodiscard]] progress tell() const {
     return [this](const std::string& doing) { line.show(doing); };
@@ -59,10 +64,9 @@ exit_code repair(const call& call) {
   bool is_clean = false;
   // Told before it counts, so that nothing changes of which nobody hears.
   const auto report = [&](const repair_result& result) {
-    call.line.clear();
-    for (const std::string& mended : result.mended) call.output << "mended: " << mended << '\n';
-    for (const std::string& fault : result.faults) call.output << fault << '\n';
-    flush(call.output);
+    for (const std::string& mended : result.mended) call.output() << "mended: " << mended << '\n';
+    for (const std::string& fault : result.faults) call.output() << fault << '\n';
+    flush(call.output());
     is_clean = result.faults.empty();
   };
   repair_store(connect_string_of(call.store()), report, call.tell());
@@ -74,8 +78,7 @@ exit_code check(const call& call) {
   const store_rows rows = read_store(connect_string_of(call.store()), call.tell());
   call.line.show("checking");
   const auto faults = faults_of(rows);
-  call.line.clear();
-  for (const std::string& fault : faults) call.output << fault << '\n';
+  for (const std::string& fault : faults) call.output() << fault << '\n';
   return faults.empty() ? done : faults_found;
 }
 
@@ -83,14 +86,12 @@ exit_code print(const call& call) {
   const std::string connect_string = connect_string_of(call.store());
   if (call.given.has("--json")) {
     const table_rows tables = read_rows(connect_string, call.tell());
-    call.line.clear();
-    print_json(tables, call.output);
+    print_json(tables, call.output());
     return done;
   }
   const store_rows rows = read_store(connect_string, call.tell());
-  call.line.clear();
   print_store(rows, call.given.has("--keys") ? key_display::shown : key_display::hidden,
-              call.output);
+              call.output());
   return done;
 }
 
@@ -103,11 +104,10 @@ exit_code copy(const call& call) {
     throw std::runtime_error("interrupted");
   };
   const auto report = copy_store(connect_string_of(call.store()), call.given.others()[2], tell);
-  call.line.clear();
-  for (const std::string& row : report.unfit) call.output << row << '\n';
+  for (const std::string& row : report.unfit) call.output() << row << '\n';
   if (!report.unfit.empty()) throw std::runtime_error("nothing was copied");
   for (const std::string& fault : report.faults)
-    call.output << "as in the source: " << fault << '\n';
+    call.output() << "as in the source: " << fault << '\n';
   return done;
 }
 
