@@ -1,7 +1,5 @@
 #include <cstdlib>
-#include <stdexcept>
 #include <string>
-#include <string_view>
 
 #include "store/connection.h"
 #include "store/error.h"
@@ -9,22 +7,6 @@
 #include "test_store.h"
 
 namespace {
-
-void find_places(std::string_view text) {
-  std::size_t end = 0;
-  try {
-    ADODB::place_finder places(text);
-    while (const auto found = places.next()) {
-      const bool is_sound = end <= found->begin && found->begin < found->end &&
-                            found->end <= text.size() &&
-                            found->is_quoted == (text[found->begin] == '\'');
-      if (!is_sound) std::abort();
-      end = found->end;
-    }
-  } catch (const std::logic_error&) {
-    return;  // what the compiler refuses
-  }
-}
 
 /// What was typed comes back as it is, whatever it says: it never is a part of the words.
 void send(ADODB::Connection& conn, const std::string& typed) {
@@ -45,7 +27,6 @@ extern "C" int LLVMFuzzerTestOneInput(const char* data, std::size_t size) {
   static harness::test_store store;
   ADODB::Connection conn;
   conn.Open(store.connect_string());
-  find_places({data, size});
   send(conn, {data, size});
   return 0;
 }
