@@ -26,7 +26,7 @@ replaceForm::replaceForm()
       SSTree1(window, "SSTree1", "置換タイトル一覧"),
       Label1(window, "Label1", {}, nullptr, platform::Label::lines::two) {
   window.body = platform::column({Toolbar1, SSTree1, Label1});
-  window.tab_order = {&SSTree1, &Toolbar1};
+  window.first_stop = &SSTree1;
   window.esc_closes = false;
   window.on_load = [this] { init_form(); };
   window.on_key_down = [this](int& code, int shift) {

@@ -30,7 +30,7 @@ replace_create::replace_create()
   window.body = platform::column(
       {Toolbar1, platform::fields({platform::row({Label1, Text1}), platform::row({Label2, Text2})}),
        SSTree1});
-  window.tab_order = {&Text1, &Text2, &SSTree1, &Toolbar1};
+  window.first_stop = &Text1;
   window.esc_closes = false;
   window.on_load = [this] { load(); };
   window.on_close = [this] { exit(); };

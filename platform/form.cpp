@@ -46,22 +46,13 @@ void Form::make_widgets() {
     control->peer_->widget->setParent(window_.get());
     control->peer_->widget->setObjectName(to_toolkit(control->name_));
   }
-  order_tabs();
+  if (first_stop) first_stop->peer_->widget->setFocus();
   for (Control* control : controls_) control->tie();
   window_->setLayout(arrangement::of(body));
   const QSize wanted(scaled_pixels(width_), scaled_pixels(height_));
   window_->resize(
       wanted.expandedTo(window_->minimumSizeHint()).boundedTo(window_->room_on_screen()));
   if (frame_ == frame::fixed) window_->setFixedSize(window_->size());
-}
-
-void Form::order_tabs() {
-  std::vector<QWidget*> stops;
-  for (const Control* control : tab_order.empty() ? controls_ : tab_order) {
-    for (QWidget* stop : control->peer_->stops()) stops.push_back(stop);
-  }
-  for (std::size_t i = 1; i < stops.size(); ++i) QWidget::setTabOrder(stops[i - 1], stops[i]);
-  if (!tab_order.empty()) stops.front()->setFocus();
 }
 
 void Form::destroy_widgets() {

@@ -35,9 +35,9 @@ class Form {
 
   box body = column({});
 
-  /// The keyboard's way through the form, and where it begins; without it, the order in which the
-  /// controls were declared.
-  std::vector<Control*> tab_order;
+  /// Has the keyboard when the window comes up, in place of the one that was declared first. Tab
+  /// goes from one to the next in the order of their declaration.
+  Control* first_stop = nullptr;
 
   std::function<void()> on_load;
   std::function<void()> on_unload;
@@ -86,7 +86,6 @@ class Form {
 
   void add(Control& control) { controls_.push_back(&control); }
   void make_widgets();
-  void order_tabs();
   void destroy_widgets();
   void close_unasked();
 

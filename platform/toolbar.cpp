@@ -3,8 +3,6 @@
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QIcon>
-#include <algorithm>
-#include <iterator>
 #include <stdexcept>
 #include <utility>
 
@@ -17,14 +15,6 @@ namespace {
 
 struct toolbar_peer : toolkit_peer {
   using toolkit_peer::toolkit_peer;
-
-  [[nodiscard]] std::vector<QWidget*> stops() const override {
-    std::vector<QWidget*> found;
-    std::copy_if(buttons.begin(), buttons.end(), std::back_inserter(found),
-                 [](const QToolButton* button) { return button != nullptr; });
-    return found;
-  }
-
   std::vector<QToolButton*> buttons;  // null for a separator
 };
 

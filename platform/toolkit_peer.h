@@ -4,7 +4,6 @@
 #include <QWidget>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace platform {
 
@@ -14,9 +13,6 @@ struct toolkit_peer {
   toolkit_peer(const toolkit_peer&) = delete;
   toolkit_peer& operator=(const toolkit_peer&) = delete;
   virtual ~toolkit_peer() = default;
-
-  /// Where the keyboard stops in the control, in order.
-  [[nodiscard]] virtual std::vector<QWidget*> stops() const { return {widget}; }
 
   QWidget* widget;
 };

@@ -10,6 +10,7 @@
 #include <QMessageBox>
 #include <QPushButton>
 #include <QToolButton>
+#include <algorithm>
 
 namespace harness {
 namespace {
@@ -22,10 +23,24 @@ bool lies_over_others(const QWidget& control) {
   return control.objectName() == "search_box" || !control.parentWidget()->layout();
 }
 
+bool is_tab_stop(const QWidget& control) {
+  return (control.focusPolicy() & Qt::TabFocus) != 0 && control.isEnabled() &&
+         control.isVisible() && !control.focusProxy();
+}
+
 QString wrong_name(const QWidget& control) {
-  const bool is_tab_stop = (control.focusPolicy() & Qt::TabFocus) != 0 && control.isEnabled();
-  if (!is_tab_stop || control.focusProxy()) return {};
+  if (!is_tab_stop(control)) return {};
   return told(control, QAccessible::Name).isEmpty() ? "has no name for who hears it" : "";
+}
+
+/// Whether Tab comes to it from somewhere below or to the right.
+bool is_gone_back_to(const QWidget* control) {
+  if (!is_tab_stop(*control)) return false;
+  const QWidget* before = control->previousInFocusChain();
+  while (!is_tab_stop(*before)) before = before->previousInFocusChain();
+  const QPoint way =
+      control->mapTo(control->window(), QPoint()) - before->mapTo(control->window(), QPoint());
+  return way.x() <= 0 && way.y() <= 0;
 }
 
 QString wrong_look(const QWidget& control) {
@@ -79,7 +94,9 @@ std::string fault_of_window(const QWidget& window) {
   if (const auto* box = qobject_cast<const QMessageBox*>(&window))
     return box->button(QMessageBox::Ok) == box->defaultButton() ? "" : "Enter is not OK";
   if (window.inherits("QFileDialog")) return {};  // the toolkit's own
-  for (const QWidget* control : window.findChildren<QWidget*>()) {
+  const auto controls = window.findChildren<QWidget*>();
+  if (std::ranges::count_if(controls, is_gone_back_to) > 1) return "Tab goes to and fro";
+  for (const QWidget* control : controls) {
     if (!control->isVisible()) continue;
     if (const auto* view = qobject_cast<const QAbstractItemView*>(control)) watch_model(*view);
     for (const QString& fault : {wrong_name(*control), wrong_look(*control), wrong_place(*control)})
