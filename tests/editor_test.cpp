@@ -155,7 +155,7 @@ TEST_F(Editor, LeavesOutAndTellsWhatIsNestedTooDeep) {
   });
 }
 
-TEST_F(Editor, ReadsWhatARowHoldsAsItsOperationsSay) {
+TEST_F(Editor, ItsPublicOperationsReadARowAndDeleteAnOnlyChild) {
   ADODB::Connection conn;
   conn.Open(store.connect_string());
   const auto row = conn.Execute("select 'o''clock' as a, null as b, 12 as c, '' as d");
@@ -164,6 +164,10 @@ TEST_F(Editor, ReadsWhatARowHoldsAsItsOperationsSay) {
   const auto number = replace_create::GetRecordNum;
   EXPECT_EQ(value(row, "a") + "|" + value(row, "b") + "|" + value(row, "none"), "o''clock||");
   EXPECT_EQ(number(row, "c") + number(row, "b") + number(row, "d") + number(row, "none"), "12000");
+  edit(store, "敬称", [] {
+    for (const int parent : {12, 10}) replace_create::delete_from_cond(1, parent);
+  });
+  EXPECT_EQ(rules(1, "replace_m_no"), (rows{"10", "11", "12"})) << "the one that was alone went";
 }
 
 TEST_F(Editor, ChecksTheTitleInItsOrder) {
