@@ -31,11 +31,10 @@ QColor readable_on(const QColor& ground, const QColor& colour) {
   const double behind = luminance(ground);
   const bool light = contrast(1, behind) < contrast(behind, 0);
   if (light) return colour;
+  // White itself is readable on whatever is not light.
   QColor found = colour;
-  for (int percent = 5; percent <= 100 && contrast(luminance(found), behind) < enough;
-       percent += 5) {
+  for (int percent = 5; contrast(luminance(found), behind) < enough; percent += 5)
     found = mixed_with_white(colour, percent);
-  }
   return found;
 }
 

@@ -1,5 +1,6 @@
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QPushButton>
 #include <QTest>
 
 #include "common_rules.h"
@@ -70,6 +71,7 @@ TEST_F(FieldPicker, ANameThatCannotBeLookedUpIsToldAndNothingIsWritten) {
     message("選択した項目はアドレス帳から削除されています。");
     choose("Combo1", "会社名");
     control("Command2").setFocus();
+    EXPECT_TRUE(static_cast<QPushButton&>(control("Command1")).isDefault()) << "it looks so, too";
     key(Qt::Key_Return);  // cancels
   });
   EXPECT_EQ(fields(1), untouched);

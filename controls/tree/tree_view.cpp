@@ -28,7 +28,6 @@ SSTree::tree_view::tree_view(SSTree& tree)
   // With SelectRows the toolkit, asked by a screen reader for a nested node, would select the node
   // that has the same row number at the top of the tree.
   setSelectionBehavior(SelectItems);
-  setEditTriggers(NoEditTriggers);
   setAcceptDrops(true);
   setDropIndicatorShown(false);
   connect(this, &QTreeView::expanded, this,
