@@ -2,12 +2,15 @@
 #include <private/qinputmethod_p.h>
 #include <qpa/qplatforminputcontext.h>
 
+#include <QAbstractItemView>
 #include <QApplication>
+#include <QComboBox>
 #include <QInputMethodEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTableView>
 #include <QTest>
+#include <QToolTip>
 #include <utility>
 
 #include "controls/grid/flex_grid.h"
@@ -223,16 +226,25 @@ TEST_P(InputMethod, SearchesWhereNoTextIsTaken) {
 
   Combo1.set_focus();
   const QWidget& combo = *Combo1.peer().widget;
-  const auto& composed = *combo.findChild<QLabel*>();
+  auto& composed = *combo.findChild<QLabel*>();
   method.type("ふり");
   EXPECT_EQ(Combo1.text(), "");
   EXPECT_EQ(composed.text(), "ふり");
   EXPECT_TRUE(composed.isVisible());
   EXPECT_EQ(composed.size(), QSize(composed.sizeHint().width(), combo.height()));
+  const QColor ground = QToolTip::palette().color(QPalette::ToolTipBase);
+  EXPECT_EQ(composed.grab().toImage().pixelColor(2, 2), ground) << "it hides what lies below";
   EXPECT_TRUE(combo.rect().contains(candidates()));
   method.convert("ふり");
   EXPECT_FALSE(composed.isVisible());
   EXPECT_EQ(Combo1.text(), "フリガナ");
+  auto& open = platform::as<QComboBox>(Combo1.peer());
+  open.setCurrentIndex(0);
+  open.showPopup();
+  method.type("ふり");
+  EXPECT_TRUE(open.view()->findChild<QLabel*>()->isVisible());
+  method.convert("ふり");
+  EXPECT_EQ(open.view()->currentIndex().row(), 1);
 }
 
 INSTANTIATE_TEST_SUITE_P(Manners, InputMethod,

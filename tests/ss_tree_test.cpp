@@ -128,8 +128,11 @@ TEST_F(ss_tree, tells_what_the_user_chooses_and_nothing_else) {
   QTest::mouseDClick(view().viewport(), Qt::LeftButton, {}, place("a1"));
   QTest::mouseDClick(view().viewport(), Qt::RightButton, {}, place("a1"));
   EXPECT_EQ(heard(), (lines{"down 1 0", "click a1", "open a1"}));
-  click(QPoint(20, view().viewport()->height() - 2));
+  const QPoint foot(20, view().viewport()->height() - 2);
+  click(foot);
   EXPECT_EQ(heard(), (lines{"down 1 0"}));
+  QTest::mouseDClick(view().viewport(), Qt::LeftButton, {}, foot);
+  EXPECT_EQ(heard(), lines{});
   EXPECT_EQ(selected(), "a1") << "there is no node to choose instead";
   const QRect row = view().visualRect(index("a"));
   click(QPoint(row.left() - view().indentation() / 2, row.center().y()));

@@ -125,6 +125,8 @@ TEST_F(TitleBrowser, ToldToWhoDoesNotSeeItOrPointsAtIt) {
   browse(store, [&] {
     QAccessibleInterface& button = *QAccessible::queryAccessibleInterface(&control("addf"));
     EXPECT_EQ(button.text(QAccessible::Accelerator), "Alt+1");
+    EXPECT_EQ(button.text(QAccessible::Description), "フォルダの作成");
+    EXPECT_EQ(control("addf").toolTip(), "フォルダの作成 (Alt+1)");
     EXPECT_EQ(
         button.actionInterface()->keyBindingsForAction(QAccessibleActionInterface::pressAction()),
         QStringList("Alt+1"));
