@@ -12,6 +12,7 @@
 #include "test_store.h"
 #include "tool/json_text.h"
 #include "tool/store_commands.h"
+#include "tool/store_copy.h"
 #include "without_rights.h"
 
 using namespace ADODB;
@@ -337,6 +338,21 @@ TEST(RuleStoreTool, CopiesAStoreToTheOtherEngineAndBackOrNothingOfIt) {
   EXPECT_TRUE(refused.output.starts_with("replace 2: ")) << refused.output;
   EXPECT_EQ(std::ranges::count(refused.output, '\n'), 1) << refused.output;
   EXPECT_FALSE(std::filesystem::exists(file));
+}
+
+TEST(RuleStoreTool, CopiesOneMomentOfAStoreInUse) {
+  harness::test_store store;
+  store.load_sample();
+  const lines before = store.rows("select count(*) from replace_cond");
+  const std::string copy = (store.folder() / "copy.db").string();
+  const auto use = [&](const std::string& doing) {
+    if (doing == "reading replace_cond") store.run("delete from replace_cond");
+  };
+  EXPECT_TRUE(rule_store::copy_store(store.connect_string(), copy, use).faults.empty());
+  Connection copied;
+  copied.Open("Driver=SQLite;Database=" + copy);
+  EXPECT_EQ(copied.Execute("select count(*) from replace_cond").Fields().Item(0).Value().text(),
+            before.front());
 }
 
 TEST(Schema, RefusesWhatNoProgramMayStore) {
