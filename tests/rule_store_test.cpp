@@ -330,12 +330,16 @@ TEST(RuleStoreTool, CopiesAStoreToTheOtherEngineAndBackOrNothingOfIt) {
             "rule_store: the target holds rows already, in its table field\n");
 
   target.ignore_checks();
-  target.run("update replace set title='" + std::string(101, 'x') + "' where replace_no=2");
+  const std::string row =
+      "replace_cond " +
+      target.value("select min(replace_no||'/'||replace_cond_no||'/'||sno) from replace_cond");
+  target.run("update replace_cond set s_val='" + std::string(101, 'x') +
+             "' where 'replace_cond '||replace_no||'/'||replace_cond_no||'/'||sno='" + row + "'");
   target.run("update replace_m set use_type=null where replace_no=17");
   std::filesystem::remove(file);
   const outcome refused = rule_store_with({"copy", to, file});
   EXPECT_EQ(refused.code, 1);
-  EXPECT_TRUE(refused.output.starts_with("replace 2: ")) << refused.output;
+  EXPECT_TRUE(refused.output.starts_with(row + ": ")) << refused.output;
   EXPECT_EQ(std::ranges::count(refused.output, '\n'), 1) << refused.output;
   EXPECT_FALSE(std::filesystem::exists(file));
 }

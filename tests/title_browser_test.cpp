@@ -213,6 +213,7 @@ TEST_F(TitleBrowser, MakesAndRenamesFolders) {
     EXPECT_EQ(focused_control(), "Text1");
     const auto place = [](const char* name) { return control(name).geometry().center(); };
     EXPECT_LT(place("Label1").x(), place("Text1").x());
+    EXPECT_LT(control("Label1").width(), control("Text1").width());
     EXPECT_EQ(place("Command2").y(), place("Command3").y());
     EXPECT_LT(place("Text1").y(), place("Command2").y());
     press("Command2");

@@ -21,7 +21,7 @@ table_rows read_rows(ADODB::Connection& connection, const progress& tell) {
   table_rows rows;
   for (const copied_table& table : copied_tables) {
     tell("reading " + std::string(table.name));
-    rows.push_back(connection.Execute(table.select));
+    rows.push_back({table, connection.Execute(table.select)});
   }
   return rows;
 }

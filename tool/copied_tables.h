@@ -57,8 +57,13 @@ inline constexpr std::array copied_tables{
 /// The names of the table's columns, in the order of its select and of its insert's places.
 [[nodiscard]] std::vector<std::string_view> column_names(const copied_table& table);
 
-/// The rows of each of these tables.
-using table_rows = std::vector<ADODB::Recordset>;
+struct copied_rows {
+  const copied_table& table;
+  ADODB::Recordset rows;
+};
+
+/// The rows of each of these tables, in their order.
+using table_rows = std::vector<copied_rows>;
 [[nodiscard]] table_rows read_rows(ADODB::Connection& connection, const progress& tell);
 
 /// The same of the store that a connection string names, at one moment; writes nothing in it.

@@ -69,7 +69,7 @@ class row_copier {
  public:
   row_copier(const table_rows& rows, ADODB::Connection& target, const progress& tell)
       : rows_(rows), target_(target), tell_(tell) {
-    for (const ADODB::Recordset& table : rows) all_ += table.RecordCount();
+    for (const copied_rows& table : rows) all_ += table.rows.RecordCount();
   }
 
   /// False where the target refuses a row.
@@ -112,13 +112,14 @@ class row_copier {
   std::vector<std::string> changed_rows() {
     std::vector<std::string> changed;
     const table_rows copied = read_rows(target_, tell_);
-    for (std::size_t i = 0; i < rows_.size(); ++i) {
-      for (std::size_t row = 0; row < rows_[i].RecordCount(); ++row) {
-        const ADODB::Fields original = rows_[i].Fields(row);
+    auto next = copied.begin();
+    for (const auto& [table, rows] : rows_) {
+      const ADODB::Recordset& there = (next++)->rows;
+      for (std::size_t row = 0; row < rows.RecordCount(); ++row) {
         const bool same =
-            row < copied[i].RecordCount() && same_cells(original, copied[i].Fields(row));
+            row < there.RecordCount() && same_cells(rows.Fields(row), there.Fields(row));
         if (!same && changed.size() < most_unfit_rows)
-          changed.push_back(row_name(copied_tables.at(i), original) +
+          changed.push_back(row_name(table, rows.Fields(row)) +
                             ": the target would hold it otherwise");
       }
     }
@@ -128,9 +129,8 @@ class row_copier {
  private:
   template <class Visitor>
   void for_each_row(const Visitor& visit) const {
-    for (std::size_t i = 0; i < rows_.size(); ++i)
-      for (std::size_t row = 0; row < rows_[i].RecordCount(); ++row)
-        visit(copied_tables.at(i), rows_[i].Fields(row));
+    for (const auto& [table, rows] : rows_)
+      for (std::size_t row = 0; row < rows.RecordCount(); ++row) visit(table, rows.Fields(row));
   }
 
   void insert_waiting() {
@@ -149,12 +149,11 @@ class row_copier {
 };
 
 /// The counters' row alone doesn't make a store used: every new one has it.
-void refuse_used_tables(const table_rows& rows) {
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    if (copied_tables.at(i).keys > 0 && rows[i].RecordCount() > 0)
-      throw ADODB::Error(
-          ADODB::failure_kind::other,
-          "the target holds rows already, in its table " + std::string(copied_tables.at(i).name));
+void refuse_used_tables(const table_rows& tables) {
+  for (const auto& [table, rows] : tables) {
+    if (table.keys > 0 && rows.RecordCount() > 0)
+      throw ADODB::Error(ADODB::failure_kind::other,
+                         "the target holds rows already, in its table " + std::string(table.name));
   }
 }
 

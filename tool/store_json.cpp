@@ -31,11 +31,10 @@ void print_rows(const copied_table& table, const ADODB::Recordset& rows, std::os
 
 void print_json(const table_rows& tables, std::ostream& output) {
   output << "{\n  \"format\": 1";
-  for (std::size_t i = 0; i < tables.size(); ++i) {
-    const copied_table& table = copied_tables.at(i);
+  for (const auto& [table, rows] : tables) {
     output << ",\n  " << json_string(table.name) << ": [";
-    print_rows(table, tables[i], output);
-    output << (tables[i].RecordCount() == 0 ? "]" : "\n  ]");
+    print_rows(table, rows, output);
+    output << (rows.RecordCount() == 0 ? "]" : "\n  ]");
   }
   output << "\n}\n";
 }
