@@ -15,6 +15,7 @@
 #include "platform/hint.h"
 #include "rules/failure_words.h"
 #include "store/error.h"
+#include "window_player.h"
 
 using namespace harness;
 
@@ -64,6 +65,11 @@ TEST_F(TitleBrowser, PicturesTellWhatTheValuesOfADefinitionAre) {
   browse(store, [] {
     EXPECT_EQ(pictures(), (rows{"root", "cond1", "cond1", "open", "open", "cond1", "cond2", "cond3",
                                 "cond", "cond"}));
+    const auto colour = [](const QModelIndex& of) {
+      return of.data(Qt::ForegroundRole).value<QColor>();
+    };
+    EXPECT_EQ(colour(node("条件設定")), QColor(200, 160, 50));
+    EXPECT_EQ(colour(node("敬称")), QColor(0, 0, 255));
     tree().collapse(node("会社"));
     EXPECT_EQ(pictures()[4], "close");
     EXPECT_EQ(kinds(), (rows{"", "置換定義", "置換定義", "フォルダ", "フォルダ", "置換定義",
@@ -329,7 +335,8 @@ TEST_F(TitleBrowser, AWaitIsShownAndLeftByTheUserWhoGetsNothingElseThrough) {
   other.Open(store.connect_string());
   other.BeginTrans(ADODB::purpose::writing);
   other.Execute("update replace set kind=kind where replace_no=3");
-  browse(store, [&] {
+  const auto open = [this] { show_browser(store.connect_string() + ";LockTimeout=100"); };
+  play(open, [&] {
     click_node("宛名");
     press("addf");
     type("Text1", "新");
