@@ -27,7 +27,6 @@ void composition_label::show_composition(const QInputMethodEvent& event, const Q
   const int left = qBound(0, entry.left(), parentWidget()->width() - width);
   setGeometry(left, entry.top(), width, entry.height());
   setVisible(!text().isEmpty());
-  raise();
   QGuiApplication::inputMethod()->update(Qt::ImCursorRectangle);
 }
 

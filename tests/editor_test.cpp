@@ -57,6 +57,7 @@ const std::vector<std::string> rich_tree = {"置換条件",
 TEST_F(Editor, ShowsTitleRemarkAndRulesAndStoresOnExit) {
   edit(store, "詳細", [] {
     EXPECT_EQ(focused_control(), "Text1");
+    EXPECT_GT(control("Text2").height(), control("Text1").height());
     EXPECT_EQ(tree_lines(), rich_tree);
     EXPECT_EQ(pictures(),
               (rows{"root", "open", "cond", "open", "cond", "val", "cond", "cond", "val"}));

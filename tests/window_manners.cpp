@@ -91,8 +91,10 @@ std::string fault_of_window(const QWidget& window) {
   if (QApplication::activePopupWidget()) return {};
   const QWidget* const keyboard = QApplication::focusWidget();
   if (!keyboard || keyboard->window() != &window) return "the keyboard is nowhere";
-  if (const auto* box = qobject_cast<const QMessageBox*>(&window))
+  if (const auto* box = qobject_cast<const QMessageBox*>(&window)) {
+    if (box->textFormat() != Qt::PlainText) return "may take a text for a page";
     return box->button(QMessageBox::Ok) == box->defaultButton() ? "" : "Enter is not OK";
+  }
   if (window.inherits("QFileDialog")) return {};  // the toolkit's own
   const auto controls = window.findChildren<QWidget*>();
   if (std::ranges::count_if(controls, is_gone_back_to) > 1) return "Tab goes to and fro";
