@@ -75,22 +75,6 @@ TEST_F(Editor, ShowsTitleRemarkAndRulesAndStoresOnExit) {
   EXPECT_EQ(title_of(7), "敬'称| ");
 }
 
-TEST_F(Editor, OneThatCantOpenLosesNothingAndLeavesNothing) {
-  const auto stored = [this] { return store.rows("select * from replace order by 1"); };
-  const rows before = stored();
-  browse(store, [this] {
-    for (const auto& [node, button] :
-         {std::pair{"宛名", "add"}, {"詳細", "copy"}, {"敬称", "update"}}) {
-      click_node(node);
-      store.run("alter table replace_cond rename to away");
-      press(button);
-      EXPECT_NE(read_message().find("replace_cond"), std::string::npos);
-      store.run("alter table away rename to replace_cond");
-    }
-  });
-  EXPECT_EQ(stored(), before);
-}
-
 TEST_F(Editor, SelectionAllowsWhatKeepsTheShape) {
   rule(20, 7, "'C',null,'0',null,null,null");
   rule(21, 16, "'R',null,null,null,'置換条件','S'");

@@ -84,20 +84,6 @@ TEST_F(StoreEngine, TellsBooleansFromNumbersAndNulls) {
   EXPECT_THROW((void)lines.Fields(), Error);
 }
 
-TEST_F(StoreEngine, KeepsRowsOfOpenRecordSetsWhileTheyAreDeleted) {
-  for (int i = 1; i <= 3; ++i)
-    store.run(sql("insert into replace(replace_no,p_replace_no) values(<n>,<p>)", {i, i - 1}));
-  std::vector<Recordset> levels(3);
-  for (int i = 0; i < 3; ++i)
-    levels[i].Open(sql("select * from replace where p_replace_no=<p>", {i}), connection);
-  connection.Execute("delete from replace");
-  connection.Close();
-  for (int i = 0; i < 3; ++i) {
-    EXPECT_EQ(levels[i].RecordCount(), 1U);
-    EXPECT_EQ(levels[i].Fields().Item("replace_no").Value().number(), i + 1);
-  }
-}
-
 TEST_F(StoreEngine, GivesLinesByTheirNumbersAndFieldsAsPutInWithoutBeingAskedTo) {
   for (const char* sno : {"3", "1", "2"})
     store.run(std::string("insert into replace_cond(replace_no,replace_cond_no,sno) values(1,1,") +
@@ -120,16 +106,9 @@ TEST_F(StoreEngine, RunsOneStatementOnly) {
   for (const char* table : {"t", "u"})
     EXPECT_THROW(connection.Execute(std::string("select * from ") + table), Error);
   EXPECT_THROW(connection.Execute(sql("select <a>;select 2", {1})), Error);
+  EXPECT_THROW(advance_number(connection, "replace_cond=5,replace_m"), std::logic_error);
   connection.Execute("update seqno set replace=7 ; ; -- done");
   EXPECT_EQ(last_number(connection, "replace"), 7);
-}
-
-TEST_F(StoreEngine, CountsKeys) {
-  advance_number(connection, "replace_cond");
-  EXPECT_EQ(store.value("select replace||' '||replace_m||' '||replace_cond from seqno"), "0 0 1");
-  EXPECT_THROW(advance_number(connection, "replace_cond=5,replace_m"), std::logic_error);
-  store.run("delete from seqno");
-  EXPECT_EQ(last_number(connection, "replace_cond"), std::nullopt);
 }
 
 TEST_F(StoreEngine, ShowsATransactionToItselfAloneAndTakesItBack) {

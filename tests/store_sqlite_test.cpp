@@ -2,7 +2,6 @@
 #include <sqlite3.h>
 #include <sys/stat.h>
 
-#include <chrono>
 #include <fstream>
 
 #include "content_of.h"
@@ -157,16 +156,14 @@ TEST_F(SqliteEngine, WritesNothingMoreInATransactionThatTheEngineTookBack) {
   connection.Execute("update seqno set replace=6");
 }
 
-TEST_F(SqliteEngine, TellsWhoHasReadAlreadyAtOnceToBeginAnewWhileAnotherWrites) {
+TEST_F(SqliteEngine, TellsWhoHasReadAlreadyToBeginAnewWhileAnotherWrites) {
   Connection other;
   other.Open(store.connect_string());
   other.BeginTrans();
   advance_number(other, "replace");
   connection.BeginTrans();
   (void)last_number(connection, "replace");
-  const auto start = std::chrono::steady_clock::now();
   EXPECT_EQ(failure_of([&] { advance_number(connection, "replace"); }).kind(), failure_kind::stale);
-  EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(4));
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "controls/grid/grid_cursor.h"
 
 #include <QTableView>
+#include <algorithm>
 #include <utility>
 
 namespace ta_vorlumine {
@@ -12,16 +13,15 @@ int grid_cursor::row() const {
   return view_.currentIndex().isValid() ? view_.currentIndex().row() + 1 : -1;
 }
 
+// No cell is current for -1.
 void grid_cursor::set_row(int row) {
-  if (row == -1) return view_.setCurrentIndex(QModelIndex());
-  const QModelIndex current = view_.currentIndex();
-  view_.setCurrentIndex(current.isValid() ? current.siblingAtRow(row - 1)
-                                          : neighbour(row - 1, -1, true));
+  const int column = std::max(0, view_.currentIndex().column());
+  view_.setCurrentIndex(view_.model()->index(row - 1, column));
 }
 
 // Whoever works without a mouse finds a current cell as soon as there are rows.
 void grid_cursor::find_cell() {
-  if (!view_.currentIndex().isValid()) view_.setCurrentIndex(neighbour(0, -1, true));
+  if (!view_.currentIndex().isValid()) view_.setCurrentIndex(view_.model()->index(0, 0));
 }
 
 void grid_cursor::check_row() {
