@@ -43,7 +43,7 @@ class dated_files : public QIdentityProxyModel {
   }
 };
 
-/// Sizes, dates and places are shown whole; the names get what the kinds leave.
+/// Sizes, kinds, dates and places are shown whole; the names get the rest.
 void lay_out(QFileDialog& dialog) {
   const QSize wanted(scaled_pixels(10500), scaled_pixels(6500));
   dialog.resize(wanted.boundedTo(dialog.screen()->availableSize()));
@@ -54,8 +54,6 @@ void lay_out(QFileDialog& dialog) {
   columns.setStretchLastSection(false);
   columns.setSectionResizeMode(QHeaderView::ResizeToContents);
   columns.setSectionResizeMode(0, QHeaderView::Stretch);
-  columns.setSectionResizeMode(2, QHeaderView::Interactive);
-  columns.resizeSection(2, scaled_pixels(1200));
 }
 
 // Whoever chooses one file often chooses the next one beside it. Lasts as long as the process.

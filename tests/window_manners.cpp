@@ -91,6 +91,9 @@ std::string fault_of_window(const QWidget& window) {
   if (QApplication::activePopupWidget()) return {};
   const QWidget* const keyboard = QApplication::focusWidget();
   if (!keyboard || keyboard->window() != &window) return "the keyboard is nowhere";
+  constexpr int signs_of_frame = 150;
+  const int caption = window.fontMetrics().horizontalAdvance(window.windowTitle());
+  if (caption + signs_of_frame > window.width()) return "its caption is cut";
   if (const auto* box = qobject_cast<const QMessageBox*>(&window)) {
     if (box->textFormat() != Qt::PlainText) return "may take a text for a page";
     return box->button(QMessageBox::Ok) == box->defaultButton() ? "" : "Enter is not OK";
