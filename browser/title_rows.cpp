@@ -63,6 +63,7 @@ title_rows::title_rows(ADODB::Connection& conn) : level_{{subject::children, 0, 
 
 void title_rows::read_level(ADODB::Connection& conn) {
   std::vector<ADODB::statement> statements;
+  statements.reserve(level_.size());
   for (const look_up& wanted : level_) {
     statements.push_back(wanted.about == subject::values ? values_of(wanted.row)
                                                          : children_of(wanted.row));

@@ -9,6 +9,7 @@ subtree::subtree(ADODB::Connection& conn, row_key top, std::string key,
     : top_(top), key_(std::move(key)) {
   for (std::vector<row_key> level{top}; !level.empty();) {
     std::vector<ADODB::statement> look_ups;
+    look_ups.reserve(level.size());
     for (const row_key row : level) look_ups.push_back(children_of(row));
     std::vector<row_key> next;
     auto parent = level.begin();

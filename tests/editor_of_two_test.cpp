@@ -70,7 +70,7 @@ TEST_F(EditorOfTwo, AConditionChangedOrDeletedUnderItsDialogIsAskedAboutOrTold) 
   EXPECT_EQ(answers().size(), 0U);
   for (const auto& [definition, condition, key] :
        {std::tuple{"二択", "いいえ", "41"}, {"敬称", "東（部分一致）", "11"}}) {
-    edit_at(definition, condition, "cond_set", [&] {
+    edit_at(definition, condition, "cond_set", [this, key = key] {
       store.run(std::string("delete from replace_m where replace_m_no=") + key);
       press("Command1");
       message(gone);

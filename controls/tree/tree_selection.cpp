@@ -76,8 +76,8 @@ void SSTree::tree_view::selectionChanged(const QItemSelection& on, const QItemSe
   raise_click(tree_model::node_at(selected));
 }
 
-// With Ctrl held, or at a click below the last node, the toolkit would take the selection away, while
-// the commands still mean the node.
+// With Ctrl held, or at a click below the last node, the toolkit would take the selection away,
+// while the commands still mean the node.
 QItemSelectionModel::SelectionFlags SSTree::tree_view::selectionCommand(const QModelIndex& index,
                                                                         const QEvent* event) const {
   if (!index.isValid()) return QItemSelectionModel::NoUpdate;
