@@ -269,6 +269,9 @@ TEST_F(ss_tree, shows_nothing_while_it_is_filled_and_keeps_the_keyboards_place) 
   EXPECT_EQ(selected(), "");
   EXPECT_EQ(view().currentIndex().data(), "a2");
   EXPECT_EQ(heard(), lines{});
+  key(Qt::Key_Up);
+  EXPECT_TRUE(view().viewport()->rect().contains(place("a1"))) << "it is in sight again";
+  tree.SelectedItem(Node());
   item("a").Expanded(false);
   tree.Redraw(false);
   tree.Redraw(true);
