@@ -217,6 +217,7 @@ TEST_P(InputMethod, SearchesWhereNoTextIsTaken) {
   method.type("ふ");
   method.convert("フリ");
   QTest::keyClick(&tree, Qt::Key_Left);
+  EXPECT_TRUE(box.hasFocus());
   QTest::keyClick(QApplication::focusWidget(), Qt::Key_Backspace);
   EXPECT_EQ(box.text(), "リ") << "the keys go on where the composition stood";
   EXPECT_EQ(SSTree1.SelectedItem().Text(), "ふりがな");
