@@ -6,12 +6,8 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QComboBox>
-
 #include <QInputMethodEvent>
-#include <QLabel>
-#include <QLineEdit>
 #include <QMenu>
-#include <QPlainTextEdit>
 #include <QTableView>
 #include <QTest>
 #include <QToolButton>
