@@ -33,6 +33,8 @@ TEST_F(flex_grid, holds_what_a_record_set_brings) {
   EXPECT_THROW(fg.ColComboList(method, "1;word"), std::runtime_error);
   fg.DataSource(conn.Execute("select 1,2,3,4,5"));
   EXPECT_EQ(fg.TextMatrix(1, 5), "5");
+  fg.Cols(9);
+  EXPECT_EQ(fg.TextMatrix(1, 8), "");
 }
 
 TEST_F(flex_grid, shows_words_and_headings_to_screen_readers_and_fills_its_width) {
@@ -226,7 +228,11 @@ TEST_F(flex_grid, opens_drop_downs_with_one_click_and_texts_with_the_second) {
   EXPECT_EQ(cell(), "2,1");
   EXPECT_FALSE(in_edit());
   QTest::mousePress(view().viewport(), Qt::LeftButton, {}, place(2, value));
+  QMouseEvent passing(QEvent::MouseMove, place(1, value), place(1, value), Qt::NoButton,
+                      Qt::LeftButton, {});
+  QApplication::sendEvent(view().viewport(), &passing);
   QTest::mouseRelease(view().viewport(), Qt::LeftButton, {}, place(1, value));
+  EXPECT_EQ(cell(), "2,1") << "what the pointer passes is not chosen";
   EXPECT_FALSE(in_edit()) << "the pointer was taken elsewhere to be let go";
   click(2, value);
   EXPECT_TRUE(in_edit());

@@ -210,7 +210,9 @@ TEST(RuleStoreTool, ShowsATerminalHowFarItIs) {
     terminal.str("");
     return rule_store::run_command(command, printed, printed, &terminal);
   };
+  std::signal(SIGHUP, SIG_IGN);  // as nohup does
   ASSERT_EQ(run({"copy", place, copy}, output), 0);
+  EXPECT_EQ(std::signal(SIGHUP, SIG_DFL), SIG_IGN);
   EXPECT_EQ(std::signal(SIGTERM, SIG_DFL), SIG_DFL) << "it can be ended as before";
   EXPECT_NE(terminal.str().find(" rows"), std::string::npos);
   EXPECT_TRUE(terminal.str().ends_with(" \r")) << terminal.str();

@@ -232,6 +232,7 @@ TEST_F(ss_tree, tells_a_move_once_with_a_button_held_and_away_from_the_press) {
   EXPECT_NE(framed.copy(target), before.copy(target));
   const int hue = view().palette().color(QPalette::Highlight).hue();
   EXPECT_NEAR(framed.pixelColor(target.center().x(), target.top() + 1).hue(), hue, 15);
+  EXPECT_GT(framed.pixelColor(target.bottomRight() - QPoint(5, 5)).lightness(), 180) << "a shade";
   EXPECT_EQ(framed.pixelColor(view().visualRect(index("a")).topRight() + QPoint(-5, 1)),
             view().palette().color(QPalette::Base));
   tree.Drag(item("b"));

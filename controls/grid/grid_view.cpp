@@ -25,12 +25,10 @@ table_view::table_view(grid_cells& cells, const grid_edit::events& events)
   setTabKeyNavigation(false);
   setWordWrap(false);
   verticalHeader()->hide();
-  horizontalHeader()->setSectionResizeMode(QHeaderView::Interactive);
   horizontalHeader()->setStretchLastSection(true);
   connect(horizontalHeader(), &QHeaderView::sectionResized, this,
           [this] { dragged_ = dragged_ || (isVisible() && !laying_out_ && is_dragged()); });
   horizontalHeader()->setSectionsClickable(false);
-  horizontalHeader()->setHighlightSections(false);
   edit_.editor().on_key = [this](QKeyEvent& key) { return key_in_editor(key); };
 }
 
