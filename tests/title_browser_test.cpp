@@ -65,11 +65,8 @@ TEST_F(TitleBrowser, PicturesTellWhatTheValuesOfADefinitionAre) {
   browse(store, [] {
     EXPECT_EQ(pictures(), (rows{"root", "cond1", "cond1", "open", "open", "cond1", "cond2", "cond3",
                                 "cond", "cond"}));
-    const auto colour = [](const QModelIndex& of) {
-      return of.data(Qt::ForegroundRole).value<QColor>();
-    };
-    EXPECT_EQ(colour(node("条件設定")), QColor(200, 160, 50));
-    EXPECT_EQ(colour(node("敬称")), QColor(0, 0, 255));
+    EXPECT_EQ(node("条件設定").data(Qt::ForegroundRole), QColor(200, 160, 50));
+    EXPECT_EQ(node("敬称").data(Qt::ForegroundRole), QColor(0, 0, 255));
     tree().collapse(node("会社"));
     EXPECT_EQ(pictures()[4], "close");
     EXPECT_EQ(kinds(), (rows{"", "置換定義", "置換定義", "フォルダ", "フォルダ", "置換定義",
@@ -82,10 +79,9 @@ TEST_F(TitleBrowser, PicturesTellWhatTheValuesOfADefinitionAre) {
 TEST_F(TitleBrowser, SelectionAllowsWhatTheNodeTakesAndShowsItsRemark) {
   browse(store, [] {
     EXPECT_EQ(top_window().minimumSize(), top_window().maximumSize());
-    const auto gap = [](const char* left, const char* right) {
-      return control(right).geometry().left() - control(left).geometry().right();
-    };
-    EXPECT_GT(gap("delf", "add"), gap("addf", "updatef")) << "a line between the groups";
+    EXPECT_GT(control("add").x() - control("delf").x(),
+              control("delf").x() - control("updatef").x())
+        << "a line between the groups";
     const QPoint corner = control("close").mapTo(&top_window(), QPoint(-1, -1));
     const auto ring = [&] { return top_window().grab({corner, QSize(20, 1)}).toImage(); };
     const QImage without = ring();
