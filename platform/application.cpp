@@ -115,7 +115,7 @@ class application::parts : public QObject {
   std::array<char*, 3> arguments_{};
   int argument_count_ = 0;
   std::unique_ptr<QApplication> own_;
-  QTranslator japanese_;
+  QTranslator japanese_;  // the two leave the application by themselves when they go
   left_out_words further_;
   std::optional<told_tool_buttons> told_;
   bool quit_is_due_ = false;
@@ -134,8 +134,6 @@ application::parts::parts(QByteArray platform) : platform_(std::move(platform)) 
 }
 
 application::parts::~parts() {
-  QCoreApplication::removeTranslator(&further_);
-  QCoreApplication::removeTranslator(&japanese_);
   if (quit_is_due_ && !own_)
     QCoreApplication::postEvent(qApp, std::make_unique<QEvent>(QEvent::Quit).release());
 }
