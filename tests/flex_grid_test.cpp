@@ -215,7 +215,6 @@ TEST_F(flex_grid, takes_what_the_validation_puts_in_its_place) {
   EXPECT_EQ(fg.TextMatrix(1, value), "2005/01/31");
   EXPECT_FALSE(in_edit());
   EXPECT_EQ(seen_by_ok, "not pressed") << "the release of the press went to the message";
-
   view().setFocus();
   fg.on_validate_edit = [](int, int, bool&) { throw std::runtime_error("broken"); };
   type("x");
@@ -280,7 +279,6 @@ TEST_F(flex_grid, picks_from_the_list_by_keys) {
     QApplication::sendEvent(QApplication::focusWidget(), &letter);
     EXPECT_EQ(fg.TextMatrix(1, method), number);
   }
-
   fg.on_validate_edit = [this](int, int, bool& cancel) { cancel = fg.EditText() == "先頭一致"; };
   type("2");
   EXPECT_EQ(fg.TextMatrix(1, method), "1");

@@ -164,7 +164,7 @@ TEST(RuleStoreTool, TellsByItsExitCodeHowACheckEnded) {
 
 TEST(RuleStoreTool, PrintsTheTablesAsJson) {
   harness::test_store store;
-  store.run_all({"insert into field values('F1','a\"\\\n\x01é','B')",
+  store.run_all({"insert into field values('12','a\"\\\n\x01é','B')",
                  "insert into replace values(1,0,'C',null,' ',1)",
                  "insert into replace_cond(replace_no,replace_cond_no,sno,use_type,n_f_val,"
                  "n_f_method,n_t_val,b_val) values(1,1,1,'N',-0.5,2,9007199254740993,false),"

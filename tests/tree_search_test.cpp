@@ -51,6 +51,7 @@ TEST_F(ss_tree_search, finds_any_part_of_a_text_by_typing) {
   for (int back = 0; back < 3; ++back) QTest::keyClick(box(), Qt::Key_Enter, Qt::ShiftModifier);
   EXPECT_EQ(found(), "4 / 4b");
   EXPECT_EQ(heard().back(), "click b");
+  EXPECT_EQ(box()->parentWidget()->findChildren<QLabel*>().last()->text(), "4 / 4");
   const auto press = [&](const char* button) {
     QTest::mouseClick(view().findChild<QToolButton*>(button), Qt::LeftButton);
     return found();
