@@ -35,8 +35,10 @@ int sqlite_lock_wait::try_again(void* self, int tries) {
   }
 }
 
+// SQLite begins to count anew with each step, but not where it prepares: that goes on from the last
+// step's number, though its call has ended.
 bool sqlite_lock_wait::goes_on(int tries) {
-  if (tries == 0) patience_.emplace(awaited::lock, display_, limit_);
+  if (tries == 0 || !patience_) patience_.emplace(awaited::lock, display_, limit_);
   std::this_thread::sleep_for(std::min(pause_before(tries), patience_->next_piece()));
   is_shown_ = true;
   const patience::state state = patience_->look();
