@@ -200,9 +200,7 @@ store_rows read_store(const std::string& connect_string, const progress& tell) {
   ADODB::Connection connection;
   connection.Open(connect_string, ADODB::access::reading);
   connection.BeginTrans();
-  store_rows rows = read_tables(connection, tell);
-  connection.RollbackTrans();
-  return rows;
+  return read_tables(connection, tell);
 }
 
 }  // namespace rule_store

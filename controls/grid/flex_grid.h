@@ -13,7 +13,9 @@ namespace ta_vorlumine {
 class grid_view;
 
 /// The grid control: rows of texts (UTF-8) below the headings, which are row 0. Naming a row or a
-/// column that doesn't exist raises std::runtime_error.
+/// column that doesn't exist raises std::runtime_error. What changes the columns or all rows at
+/// once (DataSource, FormatString, Cols, ColComboList) drops an open edit and leaves no cell
+/// current.
 class VSFlexGrid : public platform::Control {
  public:
   VSFlexGrid(platform::Form& form, std::string name, std::string accessible_name);

@@ -55,7 +55,7 @@ class grid_cells {
 
   /// Cells beyond the last column are left out, missing ones are empty.
   void add_row(std::vector<std::string> cells);
-  void remove_row(int row);  ///< never the headings
+  void remove_row(int row);  ///< one that is there, and not the headings
 
   /// The cells of a data row, the first being 0.
   using row_reader = std::function<std::vector<std::string>(int)>;
