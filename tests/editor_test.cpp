@@ -1,6 +1,3 @@
-#include <QTreeView>
-#include <QWidget>
-
 #include "common_rules.h"
 #include "editor/replace_create.h"
 

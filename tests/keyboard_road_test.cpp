@@ -1,7 +1,6 @@
 #include <QApplication>
 #include <QKeyEvent>
 #include <QTest>
-#include <QTreeView>
 
 #include "common_rules.h"
 

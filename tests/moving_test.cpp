@@ -1,5 +1,4 @@
 #include <QScrollBar>
-#include <QTreeView>
 
 #include "common_rules.h"
 

@@ -1,6 +1,5 @@
 #include "random_walk.h"
 
-#include <QWidget>
 #include <algorithm>
 #include <cstdio>
 

@@ -1,5 +1,3 @@
-#include <QTableView>
-
 #include "common_rules.h"
 #include "conditions/r_date_cond.h"
 #include "platform/form.h"

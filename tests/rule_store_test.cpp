@@ -20,6 +20,7 @@ using namespace ADODB;
 namespace {
 
 using lines = std::vector<std::string>;
+using arguments = std::vector<std::string_view>;
 
 struct outcome {
   int code;
@@ -27,9 +28,9 @@ struct outcome {
   std::string errors;
 };
 
-outcome rule_store_with(const std::vector<std::string_view>& arguments) {
+outcome rule_store_with(const arguments& given) {
   std::ostringstream output, errors;
-  const int code = rule_store::run_command(arguments, output, errors);
+  const int code = rule_store::run_command(given, output, errors);
   return {code, output.str(), errors.str()};
 }
 
@@ -118,7 +119,6 @@ TEST(RuleStoreTool, ReadsWhereTheServerTakesNoChanges) {
 }
 
 TEST(RuleStoreTool, TellsHowItIsCalled) {
-  using arguments = std::vector<std::string_view>;
   for (const arguments& wrong :
        std::initializer_list<arguments>{{},
                                         {"other"},
@@ -199,7 +199,6 @@ TEST(Json, HoldsNothingThatIsNoCharacterOrNumber) {
 }
 
 TEST(RuleStoreTool, ShowsATerminalHowFarItIs) {
-  using arguments = std::vector<std::string_view>;
   harness::test_store store;
   store.load_sample();
   store.run("delete from seqno");  // so that a check has something to tell
@@ -246,8 +245,8 @@ TEST(RuleStoreTool, LeavesNoFileOfAnInterruptedCopy) {
       {
         interrupting buffer;
         std::ostream terminal(&buffer);
-        (void)rule_store::run_command(std::vector<std::string_view>{"copy", place, copy}, std::cout,
-                                      std::cerr, &terminal);
+        (void)rule_store::run_command(arguments{"copy", place, copy}, std::cout, std::cerr,
+                                      &terminal);
       },
       testing::KilledBySignal(SIGTERM), "");
   EXPECT_FALSE(std::filesystem::exists(copy));
@@ -304,8 +303,7 @@ TEST_F(StoreRepair, ChangesNothingThatIsRefusedHalfWayOrThatNobodyIsTold) {
   EXPECT_EQ(rows(), before);
   store.stop_refusing();
   const std::string place = store.connect_string();
-  for (const std::vector<std::string_view>& command :
-       {std::vector<std::string_view>{"check", place, "--repair"}, {"print", place}}) {
+  for (const arguments& command : {arguments{"check", place, "--repair"}, {"print", place}}) {
     std::ofstream full("/dev/full");
     std::ostringstream errors;
     EXPECT_NE(rule_store::run_command(command, full, errors), 0);

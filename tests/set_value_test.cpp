@@ -8,7 +8,6 @@
 #include <QRadioButton>
 #include <QScrollBar>
 #include <QTest>
-#include <QTreeView>
 #include <fstream>
 
 #include "common_rules.h"

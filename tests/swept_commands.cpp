@@ -1,4 +1,3 @@
-#include <QTableView>
 #include <QTest>
 
 #include "fault_trial.h"

@@ -1,4 +1,3 @@
-#include <QTableView>
 #include <QTest>
 #include <chrono>
 #include <thread>

@@ -7,8 +7,6 @@
 #include <QTest>
 #include <QTimer>
 #include <QToolTip>
-#include <QTreeView>
-#include <QWidget>
 #include <set>
 
 #include "common_rules.h"

@@ -1,13 +1,10 @@
 #pragma once
 
-#include <QModelIndex>
+#include <QTableView>
+#include <QTreeView>
 #include <functional>
 #include <string>
 #include <vector>
-
-class QTableView;
-class QTreeView;
-class QWidget;
 
 namespace harness {
 
@@ -49,8 +46,8 @@ void key(int toolkit_key, Qt::KeyboardModifiers held = {});
 void click_node(const std::string& path);
 void click_node(const QModelIndex& node);
 /// Opens the menu of the node that has the keyboard, and chooses the entry that begins so; gives
-/// the entries, separated by blanks. Without a text it only looks.
-std::string menu(const std::string& entry = {});
+/// the entries, separated by blanks. Without a text it only looks; `look` is run while it is open.
+std::string menu(const std::string& entry = {}, const std::function<void()>& look = {});
 void double_click_node(const QModelIndex& node);
 /// To be called before anything is dragged: without a display the toolkit's drags end as they
 /// begin.
@@ -68,6 +65,8 @@ void click_cell(int row, int column);
 
 // What the user sees.
 
+/// The window and the menu that it has opened, into a PNG file; false if that can't be written.
+[[nodiscard]] bool save_picture(const std::string& file);
 [[nodiscard]] bool is_enabled(const std::string& control);
 /// The toolbar buttons that are on, in order, separated by blanks.
 [[nodiscard]] std::string enabled_buttons();

@@ -8,10 +8,9 @@
 #include <QComboBox>
 #include <QInputMethodEvent>
 #include <QMenu>
-#include <QTableView>
+#include <QPainter>
 #include <QTest>
 #include <QToolButton>
-#include <QTreeView>
 #include <algorithm>
 #include <memory>
 #include <stdexcept>
@@ -155,7 +154,7 @@ void click_node(const QModelIndex& node) {
           [=] { QTest::mouseClick(tree().viewport(), Qt::LeftButton, {}, place_of(node)); });
 }
 
-std::string menu(const std::string& entry) {
+std::string menu(const std::string& entry, const std::function<void()>& look) {
   std::string entries;
   perform("chooses " + entry + " from the menu", [&] {
     QTest::keyClick(&focus(), Qt::Key_F10, Qt::ShiftModifier);
@@ -163,6 +162,7 @@ std::string menu(const std::string& entry) {
     if (!menu) return;
     if (menu->activeAction() != menu->actions().first())
       throw std::runtime_error("the keyboard is at no entry of the menu");
+    if (look) look();
     menu->close();
     for (QAction* action : menu->actions()) {
       const std::string text = action->text().toStdString();
@@ -233,6 +233,14 @@ void click_cell(int row, int column) {
     QTest::mouseClick(grid().viewport(), Qt::LeftButton, {}, grid().visualRect(index).center());
     if (auto* list = QApplication::activePopupWidget()) list->close();
   });
+}
+
+bool save_picture(const std::string& file) {
+  QApplication::processEvents();
+  QPixmap picture = top_window().grab();
+  if (QWidget* const menu = QApplication::activePopupWidget())
+    QPainter(&picture).drawPixmap(top_window().mapFromGlobal(menu->pos()), menu->grab());
+  return picture.save(QString::fromStdString(file), "PNG", 0);  // the smallest file
 }
 
 bool is_enabled(const std::string& control) {
